@@ -1,0 +1,47 @@
+// The one line of settings that lasts between runs: games won by each side,
+// the speed, the two names and the target score, in Data.dat (read at start,
+// written by SaveData) and All.dat (written at the exit, read by nothing).
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "game/game_state.h"
+
+namespace trickhaven {
+
+struct SettingsLine {
+    std::int32_t PlayerWins = 0;
+    std::int32_t OpponentWins = 0;
+    std::int16_t GameSpeed = 100;
+    std::string PlayerName = "Player";
+    std::string OpponentName = "Lorinda";
+    std::int16_t TargetScore = 1000;
+};
+
+// The line with its CR LF: 0,0,100,"Player","Lorinda",1000 for the defaults.
+std::string FormatSettingsLine(const SettingsLine& line);
+
+// The six fields, or nothing when the text is short, garbled or out of range.
+std::optional<SettingsLine> ParseSettingsLine(std::string_view text);
+
+// Writes the whole file through a temporary file and a rename, so that the
+// old file stays whole when the write fails. False on failure.
+bool WriteFileWhole(const std::filesystem::path& file, std::string_view content);
+
+SettingsLine CurrentSettings(const Game& g);
+
+// Reads Data.dat into the settings; a missing or unreadable file leaves the
+// initial values.
+void ReadDataFile(Game& g);
+
+// Writes Data.dat; a failed write leaves the old file and the game going.
+void SaveData(Game& g);
+
+// Writes All.dat on the way out.
+void SaveAllData(Game& g);
+
+}  // namespace trickhaven

@@ -1,0 +1,17 @@
+// PLACEHOLDER: replaced by the real routines.
+#include "data/settings_commands.h"
+
+namespace trickhaven {
+
+void Menu1000_Click(Game& /*g*/) {}
+void MenuMedium_Click(Game& /*g*/) {}
+void MnuHalf_Click(Game& /*g*/) {}
+void MnuQuick_Click(Game& /*g*/) {}
+void MnuYours_Click(Game& /*g*/) {}
+void MnuTheirName_Click(Game& /*g*/) {}
+void MnuuView_Click(Game& /*g*/) {}
+void MnuDelete_Click(Game& /*g*/) {}
+void MnuExit_Click(Game& /*g*/) {}
+void Form_QueryUnload(Game& /*g*/) {}
+
+}  // namespace trickhaven

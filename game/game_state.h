@@ -1,0 +1,103 @@
+// The whole shared state of a run: the card table and every game variable.
+// One plain struct, made once by the program and once per test, so that two
+// games can live side by side in one process. Routines are free functions
+// over it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "forms/platform.h"
+#include "forms/table_view.h"
+#include "game/card_table.h"
+
+namespace trickhaven {
+
+// What the session loop is asked to do once the running routines unwind.
+enum class SessionRequest { None, NewGame, Quit };
+
+struct Game {
+    Game(TableView& table, Platform& machine) : view(table), platform(machine) {}
+
+    TableView& view;
+    Platform& platform;
+    // The program's folder: Data.dat, All.dat and the sounds lie here.
+    std::filesystem::path DataFolder;
+
+    CardTable Cards{};
+
+    // Settings and records.
+    std::string PlayerName = "Player";
+    std::string OpponentName;
+    std::int16_t GameSpeed = 100;
+    std::int16_t TargetScore = 0;
+    std::array<std::int32_t, 3> GameStats{};  // items 1 and 2
+
+    // Pacing.
+    std::int16_t DelayMs = 0;
+    std::int32_t DelayStart = 0;
+
+    // The run of a game.
+    bool GameOn = false;
+    int Dealer = 0;
+    int Leader = 0;
+    std::uint8_t HandNumber = 0;
+    bool RoundOneOn = false;
+    bool RoundTwoOn = false;
+    int TrickCount = 0;
+    bool PlayerMayPlay = false;
+    bool MeldAwaited = false;
+    bool MeldDone = false;
+    bool PlayerKnocked = false;
+
+    // The table and the trick.
+    int TrumpSuit = NoSuit;
+    int UpCard = 0;
+    std::int16_t StockLeft = 0;
+    int LastStockCard = 0;
+    int LeadCard = 0;
+    int FollowCard = 0;
+    int LeadSuit = NoSuit;
+    int FollowSuit = NoSuit;
+    std::int16_t PlayerPileLeft = 10440;
+    std::int16_t OpponentPileLeft = 10440;
+
+    // Scores.
+    std::int16_t PlayerLastMeld = 0;
+    std::int16_t OpponentLastMeld = 0;
+    std::int16_t PlayerLastTrick = 0;
+    std::int16_t OpponentLastTrick = 0;
+    std::int16_t PlayerTotalMelds = 0;
+    std::int16_t OpponentTotalMelds = 0;
+    std::int16_t PlayerTotalTricks = 0;
+    std::int16_t OpponentTotalTricks = 0;
+    std::int16_t PlayerTotal = 0;
+    std::int16_t OpponentTotal = 0;
+    bool PlayerPinochleMade = false;
+    bool OpponentPinochleMade = false;
+    bool PlayerDoublePinochleMade = false;
+    bool OpponentDoublePinochleMade = false;
+
+    std::int16_t MessageChoice = 0;
+
+    // Guards of re-entry that the rules leave open. While the closing
+    // sequence of Round One runs, a click on the player's hand plays
+    // nothing; while a meld routine started from a meld panel runs, the
+    // panels' buttons do nothing.
+    bool RoundOneClosing = false;
+    bool MeldCommandRunning = false;
+
+    // Set by a new game or an exit; the waits and pumps then unwind the
+    // running routines back to the session loop.
+    SessionRequest Request = SessionRequest::None;
+};
+
+// The record of card index 1..48.
+inline CardRec& Card(Game& g, int index) { return g.Cards.at(static_cast<std::size_t>(index)); }
+inline const CardRec& Card(const Game& g, int index) {
+    return g.Cards.at(static_cast<std::size_t>(index));
+}
+
+}  // namespace trickhaven

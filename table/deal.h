@@ -1,0 +1,21 @@
+// The random pick, the deal and the stock pile.
+#pragma once
+
+#include "game/game_state.h"
+
+namespace trickhaven {
+
+// A random card of the stock (Place 20); the stock must not be empty.
+int PickStockCard(Game& g);
+
+void DealCardToOpponent(Game& g);
+void DealCardToPlayer(Game& g);
+
+// Names the dealer, deals twelve each in packets of three, turns the up card,
+// lays the stock and both rows, and names the leader.
+void DealHand(Game& g);
+
+// Lays the stock pile face down, higher indices on top.
+void ShowStock(Game& g);
+
+}  // namespace trickhaven

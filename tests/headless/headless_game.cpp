@@ -1,0 +1,43 @@
+#include "tests/headless/headless_game.h"
+
+#include <atomic>
+#include <string>
+#include <unistd.h>
+
+#include "game/session.h"
+
+namespace trickhaven {
+
+namespace {
+
+std::filesystem::path FreshFolder() {
+    static std::atomic<int> counter{0};
+    auto folder = std::filesystem::temp_directory_path() /
+                  ("trickhaven-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+    std::filesystem::create_directories(folder);
+    return folder;
+}
+
+}  // namespace
+
+HeadlessGame::HeadlessGame(std::uint64_t seed)
+    : platform(seed), game(table, platform), folder(FreshFolder()) {
+    platform.game = &game;
+    game.DataFolder = folder;
+}
+
+HeadlessGame::~HeadlessGame() {
+    std::error_code error;
+    std::filesystem::remove_all(folder, error);
+}
+
+bool HeadlessGame::Run() {
+    try {
+        RunSession(game);
+    } catch (const ScenarioOver&) {
+        return true;
+    }
+    return false;
+}
+
+}  // namespace trickhaven

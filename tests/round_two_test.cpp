@@ -1,0 +1,2 @@
+// PLACEHOLDER: the suite is being written.
+#include <gtest/gtest.h>
