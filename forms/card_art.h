@@ -6,12 +6,22 @@
 
 #include <QIcon>
 #include <QPixmap>
+#include <QStringList>
 #include <map>
+#include <memory>
+
+class QSvgRenderer;
 
 namespace trickhaven {
 
 class CardArt {
 public:
+    // Looks for a deck among the card games' decks of the desktop.
+    CardArt();
+    // Looks for a deck in this folder only.
+    explicit CardArt(const QString& deckFolder);
+    ~CardArt();
+
     // Image index: 1..48 the face of card i, 49 the back, 50..53 the suit
     // icons (Diamonds, Clubs, Hearts, Spades). Faces are 71 by 96 pixels,
     // the back 72 by 98, icons 32 by 32, all at the given ratio.
@@ -29,6 +39,13 @@ public:
     bool UsesInstalledDeck();
 
 private:
+    // The installed deck, searched for at the first need; null without one.
+    QSvgRenderer* Deck();
+    QPixmap Render(int index, qreal devicePixelRatio);
+
+    QStringList deckFolders_;
+    bool deckSearched_ = false;
+    std::unique_ptr<QSvgRenderer> deck_;
     std::map<std::pair<int, qreal>, QPixmap> cache_;
 };
 

@@ -3,8 +3,16 @@
 // modal, with a ring, until one button is clicked.
 #pragma once
 
+#include <QColor>
 #include <QDialog>
+#include <QLine>
 #include <QString>
+#include <array>
+#include <functional>
+#include <vector>
+
+class QLabel;
+class QPainter;
 
 namespace trickhaven {
 
@@ -12,6 +20,7 @@ class MFormDeluxe : public QDialog {
     Q_OBJECT
 public:
     explicit MFormDeluxe(QWidget* parent = nullptr);
+    ~MFormDeluxe() override;
 
     // Lays the form out for a message without showing it: the steps of the
     // message up to the sound. Positions in twips are kept for inspection.
@@ -22,7 +31,7 @@ public:
     int Run(const QString& message, const QString& button0, const QString& button1,
             const QString& button2, int iconIndex, const QString& title);
 
-    // The layout in twips, as the design describes it.
+    // The layout in twips, as the design describes it; a half twip rounds up.
     int FormHeightTwips() const;
     int ButtonLeftTwips(int index) const;  // -1 when the button is hidden
     int ButtonTopTwips(int index) const;
@@ -31,6 +40,43 @@ public:
     QString ButtonCaption(int index) const;
     // The index of the button last clicked (MessageChoice).
     int Choice() const;
+
+    // Called just before the form shows: the caller rings "ringout.wav".
+    std::function<void()> onRing;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    class ButtonPanel;
+    // Lines drawn on the form or a button, kept until they are cleared.
+    struct Stroke {
+        QLine line;
+        QColor colour;
+    };
+    using Drawing = std::vector<Stroke>;
+    static void AddBox(Drawing& drawing, QPoint from, QPoint to, const QColor& colour);
+    static void Paint(QPainter& painter, const Drawing& drawing);
+
+    void DrawRaised(int index);
+    void DrawPressed(int index);
+    void PlaceButton(int index);
+    void Click(int index);
+
+    QLabel* label3_;
+    QLabel* label2_;
+    QLabel* picture1_;
+    std::array<ButtonPanel*, 3> pic1_;
+    std::array<QLabel*, 3> label1_;
+    std::array<bool, 3> pressed_{};
+    std::array<double, 3> buttonLeft_{45, 1440, 2880};
+    std::array<double, 3> buttonTop_{1170, 1170, 1200};
+    double iconTop_ = 150;
+    Drawing drawing_;
+    int choice_ = 0;
 };
 
 }  // namespace trickhaven

@@ -109,8 +109,8 @@ public:
     // The deluxe message box: blocks until a button is clicked and returns
     // its index, 0..2. Empty captions for buttons 1 and 2 leave them out.
     virtual int ShowDeluxeMessage(const std::string& message, const std::string& button0,
-                                  const std::string& button1, const std::string& button2,
-                                  int icon, const std::string& title) = 0;
+                                  const std::string& button1, const std::string& button2, int icon,
+                                  const std::string& title) = 0;
     // The plain message box with an OK button.
     virtual void ShowPlainMessage(const std::string& message, const std::string& title) = 0;
     // A question with Yes and No; true for Yes.

@@ -1,17 +1,39 @@
-// Forms measure in twips, 15 to the pixel; this is the one place that
-// converts between the two.
+// The table's unit. Every position and size of the design is in twips from
+// the top left of the control's container; the screen counts pixels. This is
+// the one place where the two meet.
 #pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <cmath>
 
 namespace trickhaven {
 
-inline constexpr int kTwipsPerPixel = 15;
+inline constexpr int TwipsPerPixel = 15;
+// A point of a font is 20 twips, so a font size converts like a length.
+inline constexpr int TwipsPerPoint = 20;
 
-// Rounds to the nearest pixel, halves away from zero.
-constexpr int TwipsToPixels(double twips) {
-    const double pixels = twips / kTwipsPerPixel;
-    return static_cast<int>(pixels < 0 ? pixels - 0.5 : pixels + 0.5);
+inline int TwipsToPixels(int twips) {
+    return static_cast<int>(std::lround(static_cast<double>(twips) / TwipsPerPixel));
 }
 
-constexpr int PixelsToTwips(int pixels) { return pixels * kTwipsPerPixel; }
+inline QPoint TwipsToPixels(int left, int top) {
+    return {TwipsToPixels(left), TwipsToPixels(top)};
+}
+
+inline QRect TwipsToPixels(int left, int top, int width, int height) {
+    return {TwipsToPixels(left), TwipsToPixels(top), TwipsToPixels(width), TwipsToPixels(height)};
+}
+
+inline int PixelsToTwips(int pixels) {
+    return pixels * TwipsPerPixel;
+}
+
+// The pixel size of a font, so that the layout does not follow the screen's
+// dots per inch: 14.25 pt is 19 pixels.
+inline int PointsToPixels(double points) {
+    return TwipsToPixels(static_cast<int>(std::lround(points * TwipsPerPoint)));
+}
 
 }  // namespace trickhaven

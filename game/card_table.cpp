@@ -16,10 +16,10 @@ void ClearCardFlags(CardRec& card) {
 
 int CardFlagBits(const CardRec& card) {
     const std::array<bool, 17> flags{
-        card.Melded,       card.DixSwapped,   card.DixOnTable,         card.InMarriage,
-        card.InFourKings,  card.InFourQueens, card.InFourJacks,        card.InFourAces,
-        card.InRun,        card.InPinochle,   card.InDoublePinochle,   card.DoublePinochleMark,
-        card.MarriageDone, card.RunDone,      card.FoursDone,          card.DoublePinochleDone,
+        card.Melded,       card.DixSwapped,   card.DixOnTable,       card.InMarriage,
+        card.InFourKings,  card.InFourQueens, card.InFourJacks,      card.InFourAces,
+        card.InRun,        card.InPinochle,   card.InDoublePinochle, card.DoublePinochleMark,
+        card.MarriageDone, card.RunDone,      card.FoursDone,        card.DoublePinochleDone,
         card.DixDone};
     int bits = 0;
     for (std::size_t k = 0; k < flags.size(); ++k) {
@@ -32,14 +32,21 @@ int CardFlagBits(const CardRec& card) {
 
 std::string SuitWord(int suit) {
     switch (suit) {
-        case Diamonds: return "Diamonds";
-        case Clubs: return "Clubs";
-        case Hearts: return "Hearts";
-        case Spades: return "Spades";
-        default: return "";
+        case Diamonds:
+            return "Diamonds";
+        case Clubs:
+            return "Clubs";
+        case Hearts:
+            return "Hearts";
+        case Spades:
+            return "Spades";
+        default:
+            return "";
     }
 }
 
-int HandPlace(int who) { return who == ThePlayer ? PlacePlayerHand : PlaceOpponentHand; }
+int HandPlace(int who) {
+    return who == ThePlayer ? PlacePlayerHand : PlaceOpponentHand;
+}
 
 }  // namespace trickhaven

@@ -95,7 +95,9 @@ struct Game {
 };
 
 // The record of card index 1..48.
-inline CardRec& Card(Game& g, int index) { return g.Cards.at(static_cast<std::size_t>(index)); }
+inline CardRec& Card(Game& g, int index) {
+    return g.Cards.at(static_cast<std::size_t>(index));
+}
 inline const CardRec& Card(const Game& g, int index) {
     return g.Cards.at(static_cast<std::size_t>(index));
 }

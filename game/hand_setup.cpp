@@ -58,9 +58,9 @@ void Form_Load(Game& g) {
 
 void MnuNew_Click(Game& g) {
     if (g.GameOn) {
-        g.MessageChoice = static_cast<std::int16_t>(g.view.ShowDeluxeMessage(
-            "You are in the middle of a game. Really start a new one?", "No Continue",
-            "Yes New Game", "", 2, "Leave this game?"));
+        g.MessageChoice = static_cast<std::int16_t>(
+            g.view.ShowDeluxeMessage("You are in the middle of a game. Really start a new one?",
+                                     "No Continue", "Yes New Game", "", 2, "Leave this game?"));
         if (g.MessageChoice == 0) {
             return;
         }

@@ -26,14 +26,14 @@ void DealPacket(Game& g, void (*dealOne)(Game&)) {
 void ScoreTurnedUpNine(Game& g) {
     if (g.Dealer == ThePlayer) {
         g.PlayerLastTrick = 10;
-        g.view.SetPanelText(2, g.PlayerName + " turns up a 9 - Score- " +
-                                   std::to_string(g.PlayerLastTrick));
+        g.view.SetPanelText(
+            2, g.PlayerName + " turns up a 9 - Score- " + std::to_string(g.PlayerLastTrick));
         WaitDelay(g);
         ShowTrickScore(g, ThePlayer);
     } else {
         g.OpponentLastTrick = 10;
-        g.view.SetPanelText(2, g.OpponentName + " turns up a 9 - Score- " +
-                                   std::to_string(g.OpponentLastTrick));
+        g.view.SetPanelText(
+            2, g.OpponentName + " turns up a 9 - Score- " + std::to_string(g.OpponentLastTrick));
         WaitDelay(g);
         ShowTrickScore(g, TheRobot);
     }
@@ -86,8 +86,8 @@ void DealHand(Game& g) {
     g.GameOn = true;
     if (g.Dealer == ThePlayer) {
         g.Dealer = TheRobot;
-        g.view.SetPanelText(2, g.PlayerName + " a cut for dealer was made and " +
-                                   g.OpponentName + " will deal.");
+        g.view.SetPanelText(
+            2, g.PlayerName + " a cut for dealer was made and " + g.OpponentName + " will deal.");
     } else {
         g.Dealer = ThePlayer;
         g.view.SetPanelText(2, g.PlayerName + " a cut for dealer made and you will deal.");

@@ -20,18 +20,20 @@ struct SidePanel {
 
 SidePanel PanelOf(Game& g, int who) {
     if (who == ThePlayer) {
-        return {g.PlayerLastMeld,           g.PlayerTotalMelds,          g.PlayerTotal,
-                g.PlayerLastTrick,          g.PlayerTotalTricks,         TableLabel::LblLastMeldP,
+        return {g.PlayerLastMeld,           g.PlayerTotalMelds,         g.PlayerTotal,
+                g.PlayerLastTrick,          g.PlayerTotalTricks,        TableLabel::LblLastMeldP,
                 TableLabel::LblTotalMeldsP, TableLabel::LblTotalScoreP, TableLabel::LblLastTrickP,
                 TableLabel::LblTotTricksP};
     }
-    return {g.OpponentLastMeld,         g.OpponentTotalMelds,      g.OpponentTotal,
-            g.OpponentLastTrick,        g.OpponentTotalTricks,     TableLabel::LbllLastMeldC,
-            TableLabel::LblTotMeldsC,   TableLabel::LblTotScoreC,  TableLabel::LblLastTrickC,
+    return {g.OpponentLastMeld,       g.OpponentTotalMelds,     g.OpponentTotal,
+            g.OpponentLastTrick,      g.OpponentTotalTricks,    TableLabel::LbllLastMeldC,
+            TableLabel::LblTotMeldsC, TableLabel::LblTotScoreC, TableLabel::LblLastTrickC,
             TableLabel::LblTotTricskC};
 }
 
-bool IsSide(int who) { return who == ThePlayer || who == TheRobot; }
+bool IsSide(int who) {
+    return who == ThePlayer || who == TheRobot;
+}
 
 }  // namespace
 

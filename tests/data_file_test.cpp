@@ -1,10 +1,11 @@
 // Data.dat: the exact line, its reading, and what a bad file or a failed
 // write does.
+#include "data/data_file.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "data/data_file.h"
 #include "game/hand_setup.h"
 #include "tests/headless/headless_game.h"
 

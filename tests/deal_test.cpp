@@ -1,9 +1,10 @@
 // The random pick and the deal, played on the headless table.
+#include "table/deal.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
 
-#include "table/deal.h"
 #include "tests/headless/headless_game.h"
 #include "tests/table_fixtures.h"
 
@@ -31,10 +32,8 @@ TEST(Deal, EveryDealLeavesTwelveTwelveTheUpCardAndTheStock) {
         HeadlessGame hg(seed);
         DealFirstHand(hg);
         const Game& g = hg.game;
-        const std::map<int, int> expected{{PlacePlayerHand, 12},
-                                          {PlaceOpponentHand, 12},
-                                          {PlaceUpCard, 1},
-                                          {PlaceStock, 23}};
+        const std::map<int, int> expected{
+            {PlacePlayerHand, 12}, {PlaceOpponentHand, 12}, {PlaceUpCard, 1}, {PlaceStock, 23}};
         EXPECT_EQ(PlaceCounts(g), expected);
         EXPECT_EQ(g.StockLeft, 24);
         EXPECT_EQ(hg.table.Caption(TableLabel::LblStock), "Stock 24");
@@ -149,7 +148,8 @@ TEST(Deal, ANineTurnedUpScoresTenTrickPointsForTheDealer) {
         EXPECT_EQ(g.PlayerTotal, 0);
         EXPECT_EQ(g.OpponentTotal, 0);
         const TableLabel last = playerDealt ? TableLabel::LblLastTrickP : TableLabel::LblLastTrickC;
-        const TableLabel total = playerDealt ? TableLabel::LblTotTricksP : TableLabel::LblTotTricskC;
+        const TableLabel total =
+            playerDealt ? TableLabel::LblTotTricksP : TableLabel::LblTotTricskC;
         EXPECT_EQ(hg.table.Caption(last), "10");
         EXPECT_EQ(hg.table.Caption(total), "10");
         const std::string name = playerDealt ? g.PlayerName : g.OpponentName;

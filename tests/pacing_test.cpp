@@ -1,10 +1,11 @@
 // The waits and pumps: the only source of time, and the points where
 // clicks and menu commands come in.
+#include "game/pacing.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
 
-#include "game/pacing.h"
 #include "game/session.h"
 #include "tests/headless/headless_game.h"
 #include "tests/table_fixtures.h"

@@ -1,8 +1,9 @@
 #include "tests/headless/headless_game.h"
 
+#include <unistd.h>
+
 #include <atomic>
 #include <string>
-#include <unistd.h>
 
 #include "game/session.h"
 

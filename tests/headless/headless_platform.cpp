@@ -6,7 +6,9 @@
 
 namespace trickhaven {
 
-HeadlessPlatform::HeadlessPlatform(std::uint64_t seed) { random_.state = seed; }
+HeadlessPlatform::HeadlessPlatform(std::uint64_t seed) {
+    random_.state = seed;
+}
 
 void HeadlessPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
     ++rounds;

@@ -3,7 +3,7 @@
 namespace trickhaven {
 
 HeadlessTable::HeadlessTable() {
-    visible_ = {{TableControl::FramDeclare, false}, {TableControl::FramMarriage, false},
+    visible_ = {{TableControl::FramDeclare, false},  {TableControl::FramMarriage, false},
                 {TableControl::FramMeldHelp, false}, {TableControl::LblKnock, false},
                 {TableControl::LblStock, true},      {TableControl::CmdSort, false}};
     captions_ = {{TableLabel::LblBotsName, "Opponent"}, {TableLabel::LblPlayer, "Player"},
@@ -29,8 +29,12 @@ void HeadlessTable::MoveCard(int card, int left, int top) {
     picture.top = top;
 }
 
-int HeadlessTable::CardLeft(int card) const { return Picture(card).left; }
-int HeadlessTable::CardTop(int card) const { return Picture(card).top; }
+int HeadlessTable::CardLeft(int card) const {
+    return Picture(card).left;
+}
+int HeadlessTable::CardTop(int card) const {
+    return Picture(card).top;
+}
 
 void HeadlessTable::BringCardToFront(int card) {
     cards_.at(static_cast<std::size_t>(card)).z = ++zCounter_;
@@ -44,7 +48,9 @@ void HeadlessTable::SetControlVisible(TableControl control, bool visible) {
     visible_[control] = visible;
 }
 
-bool HeadlessTable::IsControlVisible(TableControl control) const { return visible_.at(control); }
+bool HeadlessTable::IsControlVisible(TableControl control) const {
+    return visible_.at(control);
+}
 
 void HeadlessTable::BringControlToFront(TableControl /*control*/) {}
 
@@ -52,42 +58,48 @@ void HeadlessTable::SetCaption(TableLabel label, const std::string& text) {
     captions_[label] = text;
 }
 
-std::string HeadlessTable::Caption(TableLabel label) const { return captions_.at(label); }
+std::string HeadlessTable::Caption(TableLabel label) const {
+    return captions_.at(label);
+}
 
 void HeadlessTable::SetPanelText(int panel, const std::string& text) {
     panels_.at(static_cast<std::size_t>(panel)) = text;
-    panelHistory_.emplace_back(panel, text);
+    if (keepHistory) panelHistory_.emplace_back(panel, text);
 }
 
-void HeadlessTable::SetPanelPicture(int image) { panelPicture_ = image; }
+void HeadlessTable::SetPanelPicture(int image) {
+    panelPicture_ = image;
+}
 
-void HeadlessTable::SetTitle(const std::string& text) { title_ = text; }
+void HeadlessTable::SetTitle(const std::string& text) {
+    title_ = text;
+}
 
 int HeadlessTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
                                      const std::string& button1, const std::string& button2,
                                      int icon, const std::string& title) {
     MessageRecord record{"deluxe", message, {button0, button1, button2}, icon, title, 0};
     record.choice = answerDeluxe ? answerDeluxe(record) : 0;
-    messages_.push_back(record);
+    if (keepHistory) messages_.push_back(record);
     return record.choice;
 }
 
 void HeadlessTable::ShowPlainMessage(const std::string& message, const std::string& title) {
-    messages_.push_back(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
+    if (keepHistory) messages_.push_back(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
 }
 
 bool HeadlessTable::AskQuestion(const std::string& question, const std::string& title) {
     MessageRecord record{"question", question, {"Yes", "No", ""}, 0, title, 0};
     const bool yes = answerQuestion ? answerQuestion(record) : true;
     record.choice = yes ? 0 : 1;
-    messages_.push_back(record);
+    if (keepHistory) messages_.push_back(record);
     return yes;
 }
 
 std::string HeadlessTable::AskInput(const std::string& prompt, const std::string& title) {
     MessageRecord record{"input", prompt, {"OK", "Cancel", ""}, 0, title, 0};
     std::string text = answerInput ? answerInput(record) : std::string();
-    messages_.push_back(record);
+    if (keepHistory) messages_.push_back(record);
     return text;
 }
 

@@ -55,7 +55,9 @@ public:
     std::string AskInput(const std::string& prompt, const std::string& title) override;
 
     const CardPicture& Picture(int card) const { return cards_.at(static_cast<std::size_t>(card)); }
-    const std::string& PanelText(int panel) const { return panels_.at(static_cast<std::size_t>(panel)); }
+    const std::string& PanelText(int panel) const {
+        return panels_.at(static_cast<std::size_t>(panel));
+    }
     int PanelPicture() const { return panelPicture_; }
     const std::string& Title() const { return title_; }
     // Every box shown, in order.
@@ -68,6 +70,8 @@ public:
     std::function<int(const MessageRecord&)> answerDeluxe;
     std::function<bool(const MessageRecord&)> answerQuestion;
     std::function<std::string(const MessageRecord&)> answerInput;
+    // Off for long runs, where the records would only grow.
+    bool keepHistory = true;
 
 private:
     std::array<CardPicture, 49> cards_{};

@@ -1,0 +1,251 @@
+#include "forms/pinochle_table.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+
+#include "forms/card_picture.h"
+#include "forms/table_build.h"
+#include "forms/table_design.h"
+#include "forms/table_status_bar.h"
+#include "forms/table_widgets.h"
+#include "forms/twips.h"
+#include "game/card_table.h"
+
+namespace trickhaven {
+
+namespace {
+
+QString FromGame(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+// The card pile where every card lies before the first deal.
+constexpr int DesignCardLeft = 9000;
+constexpr int DesignCardTop = 2880;
+
+}  // namespace
+
+PinochleTable::PinochleTable(QWidget* parent)
+    : QMainWindow(parent), surface_(new QWidget(this)), deluxe_(this) {
+    setObjectName("PinochleTable");
+    setWindowIcon(CardArt::ProgramIcon());
+    surface_->setObjectName("TableSurface");
+    QPalette colours = surface_->palette();
+    colours.setColor(QPalette::Window, DesignColour(TableBackground));
+    surface_->setPalette(colours);
+    surface_->setAutoFillBackground(true);
+    surface_->setFont(DesignFont(TableFont));
+    setCentralWidget(surface_);
+
+    BuildControls();
+    statusBar_ = new TableStatusBar(surface_);
+    BuildCards();
+    BuildMenu();
+
+    // The table takes no input while the game's own message box is up.
+    deluxe_.setWindowModality(Qt::ApplicationModal);
+    resize(TwipsToPixels(TableClientWidth),
+           TwipsToPixels(TableClientHeight) + menuBar()->sizeHint().height());
+}
+
+void PinochleTable::SetEventHandler(TableEventHandler handler) {
+    handler_ = std::move(handler);
+}
+
+void PinochleTable::SetMessageRing(std::function<void()> ring) {
+    deluxe_.onRing = std::move(ring);
+}
+
+void PinochleTable::ShowCentred() {
+    const QRect area = screen()->availableGeometry();
+    move(area.center() - QPoint(width() / 2, height() / 2));
+    show();
+}
+
+void PinochleTable::BuildControls() {
+    for (const ControlDesign& design : TableControls()) {
+        QWidget* container = *design.container ? Control(design.container) : surface_;
+        QWidget* widget = BuildControl(design, container);
+        controls_[design.name] = widget;
+        if (design.widthFollowsText) {
+            widthFollowsText_.insert(widget);
+        }
+        if (!design.click) {
+            continue;
+        }
+        const TableEvent click = *design.click;
+        if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+            connect(button, &QAbstractButton::clicked, this, [this, click] { Send(click); });
+        } else if (auto* label = qobject_cast<ClickableLabel*>(widget)) {
+            connect(label, &ClickableLabel::clicked, this, [this, click] { Send(click); });
+        }
+    }
+    for (const StrokeDesign& design : TableStrokes()) {
+        controls_[design.name] =
+            BuildStroke(design, *design.container ? Control(design.container) : surface_);
+    }
+}
+
+void PinochleTable::BuildCards() {
+    for (int card = 1; card <= CardCount; ++card) {
+        auto* picture = new CardPicture(card, surface_);
+        picture->setObjectName(QString("PicCard%1").arg(card));
+        picture->SetPicture(CardBackImage, Picture(CardBackImage));
+        picture->MoveTo(DesignCardLeft, DesignCardTop);
+        connect(picture, &CardPicture::clicked, this, [this](int clicked) {
+            Send({TableEventKind::CardClick, clicked});
+        });
+        cards_.at(static_cast<std::size_t>(card)) = picture;
+    }
+}
+
+void PinochleTable::BuildMenu() {
+    QMenu* dropDown = nullptr;
+    for (const MenuDesign& design : TableMenu()) {
+        const QString caption = QString::fromUtf8(design.caption);
+        if (design.command == MenuCommand::DropDown) {
+            dropDown = menuBar()->addMenu(caption);
+            dropDown->setObjectName(design.name);
+            continue;
+        }
+        QAction* action =
+            design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
+        action->setObjectName(design.name);
+        action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
+        switch (design.command) {
+            case MenuCommand::Help:
+                connect(action, &QAction::triggered, this, &PinochleTable::helpRequested);
+                break;
+            case MenuCommand::About:
+                connect(action, &QAction::triggered, this, &PinochleTable::aboutRequested);
+                break;
+            case MenuCommand::Event:
+            case MenuCommand::DropDown:
+                connect(action, &QAction::triggered, this,
+                        [this, kind = design.event] { Send({kind}); });
+                break;
+        }
+    }
+}
+
+void PinochleTable::Send(TableEvent event) {
+    if (handler_) {
+        handler_(event);
+    }
+}
+
+QWidget* PinochleTable::Control(const char* name) const {
+    return controls_.at(name);
+}
+
+CardPicture& PinochleTable::Card(int card) const {
+    return *cards_.at(static_cast<std::size_t>(card));
+}
+
+QPixmap PinochleTable::Picture(int image) {
+    return art_.Image(image, devicePixelRatioF());
+}
+
+void PinochleTable::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Send({TableEventKind::CloseBox});
+}
+
+void PinochleTable::SetCardImage(int card, int image) {
+    Card(card).SetPicture(image, Picture(image));
+}
+
+void PinochleTable::MoveCard(int card, int left, int top) {
+    Card(card).MoveTo(left, top);
+}
+
+int PinochleTable::CardLeft(int card) const {
+    return Card(card).Left();
+}
+
+int PinochleTable::CardTop(int card) const {
+    return Card(card).Top();
+}
+
+void PinochleTable::BringCardToFront(int card) {
+    Card(card).raise();
+}
+
+void PinochleTable::SetCardVisible(int card, bool visible) {
+    Card(card).setVisible(visible);
+}
+
+void PinochleTable::SetControlVisible(TableControl control, bool visible) {
+    Control(ControlName(control))->setVisible(visible);
+}
+
+bool PinochleTable::IsControlVisible(TableControl control) const {
+    // The control's own setting, whether or not the window is on screen yet.
+    return !Control(ControlName(control))->isHidden();
+}
+
+void PinochleTable::BringControlToFront(TableControl control) {
+    Control(ControlName(control))->raise();
+}
+
+void PinochleTable::SetCaption(TableLabel label, const std::string& text) {
+    QWidget* widget = Control(LabelName(label));
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        button->setText(FromGame(text));
+        return;
+    }
+    auto* caption = qobject_cast<QLabel*>(widget);
+    caption->setText(FromGame(text));
+    if (widthFollowsText_.contains(caption)) {
+        FitWidthToText(*caption);
+    }
+}
+
+std::string PinochleTable::Caption(TableLabel label) const {
+    QWidget* widget = Control(LabelName(label));
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        return button->text().toStdString();
+    }
+    return qobject_cast<QLabel*>(widget)->text().toStdString();
+}
+
+void PinochleTable::SetPanelText(int panel, const std::string& text) {
+    statusBar_->Panel(panel).SetText(FromGame(text));
+}
+
+void PinochleTable::SetPanelPicture(int image) {
+    statusBar_->Panel(1).SetPicture(Picture(image));
+}
+
+void PinochleTable::SetTitle(const std::string& text) {
+    setWindowTitle(FromGame(text));
+}
+
+int PinochleTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
+                                     const std::string& button1, const std::string& button2,
+                                     int icon, const std::string& title) {
+    return deluxe_.Run(FromGame(message), FromGame(button0), FromGame(button1), FromGame(button2),
+                       icon, FromGame(title));
+}
+
+void PinochleTable::ShowPlainMessage(const std::string& message, const std::string& title) {
+    QMessageBox::information(this, FromGame(title), FromGame(message), QMessageBox::Ok);
+}
+
+bool PinochleTable::AskQuestion(const std::string& question, const std::string& title) {
+    return QMessageBox::question(this, FromGame(title), FromGame(question),
+                                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::string PinochleTable::AskInput(const std::string& prompt, const std::string& title) {
+    bool accepted = false;
+    const QString text = QInputDialog::getText(this, FromGame(title), FromGame(prompt),
+                                               QLineEdit::Normal, QString(), &accepted);
+    return accepted ? text.toStdString() : std::string();
+}
+
+}  // namespace trickhaven

@@ -1,0 +1,91 @@
+// PinochleTable: the main window and the table view of the game. It is built
+// from the design tables, shows what the logic asks of it, and hands every
+// click, menu command and close request to the logic through one handler.
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+
+#include "forms/card_art.h"
+#include "forms/mform_deluxe.h"
+#include "forms/table_view.h"
+
+namespace trickhaven {
+
+class CardPicture;
+class TableStatusBar;
+
+using TableEventHandler = std::function<void(const TableEvent&)>;
+
+class PinochleTable : public QMainWindow, public TableView {
+    Q_OBJECT
+public:
+    explicit PinochleTable(QWidget* parent = nullptr);
+
+    void SetEventHandler(TableEventHandler handler);
+    // Rings as the game's message box opens.
+    void SetMessageRing(std::function<void()> ring);
+    // Shows the window in the middle of its screen.
+    void ShowCentred();
+
+    void SetCardImage(int card, int image) override;
+    void MoveCard(int card, int left, int top) override;
+    int CardLeft(int card) const override;
+    int CardTop(int card) const override;
+    void BringCardToFront(int card) override;
+    void SetCardVisible(int card, bool visible) override;
+
+    void SetControlVisible(TableControl control, bool visible) override;
+    bool IsControlVisible(TableControl control) const override;
+    void BringControlToFront(TableControl control) override;
+
+    void SetCaption(TableLabel label, const std::string& text) override;
+    std::string Caption(TableLabel label) const override;
+
+    void SetPanelText(int panel, const std::string& text) override;
+    void SetPanelPicture(int image) override;
+
+    void SetTitle(const std::string& text) override;
+
+    int ShowDeluxeMessage(const std::string& message, const std::string& button0,
+                          const std::string& button1, const std::string& button2, int icon,
+                          const std::string& title) override;
+    void ShowPlainMessage(const std::string& message, const std::string& title) override;
+    bool AskQuestion(const std::string& question, const std::string& title) override;
+    std::string AskInput(const std::string& prompt, const std::string& title) override;
+
+signals:
+    // The rules pages and the About box touch nothing of the game, so their
+    // menu entries stay within the forms.
+    void helpRequested();
+    void aboutRequested();
+
+protected:
+    // The close box only asks: the logic decides, and the program ends when
+    // the session does.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildControls();
+    void BuildCards();
+    void BuildMenu();
+    void Send(TableEvent event);
+    QWidget* Control(const char* name) const;
+    CardPicture& Card(int card) const;
+    QPixmap Picture(int image);
+
+    QWidget* surface_;
+    TableStatusBar* statusBar_ = nullptr;
+    std::array<CardPicture*, 49> cards_{};
+    std::map<std::string, QWidget*> controls_;
+    std::set<const QWidget*> widthFollowsText_;
+    CardArt art_;
+    MFormDeluxe deluxe_;
+    TableEventHandler handler_;
+};
+
+}  // namespace trickhaven

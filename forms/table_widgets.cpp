@@ -1,0 +1,81 @@
+#include "forms/table_widgets.h"
+
+#include <qdrawutil.h>
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+
+namespace trickhaven {
+
+void TableButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QPalette& colours = palette();
+    const QBrush face = colours.button();
+    qDrawWinButton(&painter, rect(), colours, isDown(), &face);
+    // A pressed button's caption sinks by a pixel, as its bevel does.
+    const int sink = isDown() ? 1 : 0;
+    const QRect caption = rect().adjusted(2 + sink, 2 + sink, -2 + sink, -2 + sink);
+    style()->drawItemText(&painter, caption, Qt::AlignCenter | Qt::TextShowMnemonic, colours,
+                          isEnabled(), text(), QPalette::ButtonText);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect = rect().adjusted(4, 4, -4, -4);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    }
+}
+
+void ClickableLabel::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+}
+
+void ClickableLabel::mouseReleaseEvent(QMouseEvent* event) {
+    const bool click = pressed_ && event->button() == Qt::LeftButton &&
+                       rect().contains(event->position().toPoint());
+    pressed_ = false;
+    if (click) {
+        emit clicked();
+    }
+}
+
+TablePanel::TablePanel(const QString& title, QWidget* parent) : QWidget(parent), title_(title) {
+    setAutoFillBackground(true);
+}
+
+void TablePanel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QFontMetrics metrics(font());
+    const int borderTop = metrics.height() / 2;
+    qDrawShadeRect(&painter, rect().adjusted(0, borderTop, 0, 0), palette(), true, 1);
+    if (title_.isEmpty()) {
+        return;
+    }
+    const QRect caption(7, 0, metrics.horizontalAdvance(title_) + 4, metrics.height());
+    painter.fillRect(caption, palette().window());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(caption, Qt::AlignCenter, title_);
+}
+
+TableStroke::TableStroke(int penWidth, bool outline, QWidget* parent)
+    : QWidget(parent), penWidth_(penWidth), outline_(outline) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void TableStroke::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QColor ink = palette().color(QPalette::WindowText);
+    if (outline_) {
+        // The pen lies inside the shape's box, as the design measures it.
+        const int half = penWidth_ / 2;
+        QPen pen(ink, penWidth_);
+        pen.setJoinStyle(Qt::MiterJoin);
+        painter.setPen(pen);
+        painter.drawRect(rect().adjusted(half, half, -(penWidth_ - half), -(penWidth_ - half)));
+        return;
+    }
+    painter.fillRect(rect(), ink);
+}
+
+}  // namespace trickhaven

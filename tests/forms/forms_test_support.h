@@ -1,0 +1,31 @@
+// What the widget tests share: the application, a table as it opens, and a
+// recorder of the events a table hands to the logic.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "forms/pinochle_table.h"
+
+namespace trickhaven {
+
+// A table fresh from its design, shown, that no test changes.
+PinochleTable& DesignTable();
+
+// A control of a table by its design name; fails the test when missing.
+QWidget* FindControl(QWidget& table, const char* name);
+
+// Collects what a table sends.
+struct EventLog {
+    std::vector<TableEvent> events;
+
+    void Listen(PinochleTable& table) {
+        table.SetEventHandler([this](const TableEvent& event) { events.push_back(event); });
+    }
+};
+
+inline bool operator==(const TableEvent& a, const TableEvent& b) {
+    return a.kind == b.kind && a.index == b.index;
+}
+
+}  // namespace trickhaven

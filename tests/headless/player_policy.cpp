@@ -1,0 +1,137 @@
+#include "tests/headless/player_policy.h"
+
+#include <array>
+#include <vector>
+
+#include "round_one/card_click.h"
+
+namespace trickhaven {
+
+namespace {
+
+// The meld buttons in the order a greedy player tries them: the richest
+// melds first, Cancel last.
+const std::array<TableEvent, 10> kGreedyMelds{{
+    {TableEventKind::DoublePinochleClick},
+    {TableEventKind::RunClick},
+    {TableEventKind::FoursClick, 3},
+    {TableEventKind::FoursClick, 0},
+    {TableEventKind::FoursClick, 1},
+    {TableEventKind::PinochleClick},
+    {TableEventKind::FoursClick, 2},
+    {TableEventKind::MakeMarriageClick},
+    {TableEventKind::DixClick},
+    {TableEventKind::CancelClick},
+}};
+
+std::vector<int> LegalCards(const Game& g) {
+    std::vector<int> cards;
+    for (int card = 1; card <= CardCount; ++card) {
+        if (IsLegalPlay(g, card)) cards.push_back(card);
+    }
+    return cards;
+}
+
+}  // namespace
+
+std::optional<PolicyKind> PolicyKindByName(const std::string& name) {
+    if (name == "first") return PolicyKind::First;
+    if (name == "random") return PolicyKind::Random;
+    if (name == "greedy") return PolicyKind::Greedy;
+    return std::nullopt;
+}
+
+bool CardAwaited(const Game& g) {
+    return g.GameOn && g.PlayerMayPlay && !g.MeldAwaited && !g.RoundOneClosing &&
+           (g.RoundOneOn || g.RoundTwoOn);
+}
+
+bool IsLegalPlay(const Game& g, int card) {
+    if (!CardAwaited(g) || Card(g, card).Place != PlacePlayerHand) return false;
+    if (!g.RoundTwoOn || g.Leader == ThePlayer) return true;
+    const int suit = Card(g, card).Suit;
+    if (HasSuitPlayer(g, g.LeadSuit)) return suit == g.LeadSuit;
+    if (HasTrumps(g, g.TrumpSuit)) return suit == g.TrumpSuit;
+    return true;
+}
+
+std::optional<TableEvent> PlayerPolicy::Next(const Game& g) {
+    if (g.MeldAwaited) {
+        return NextMeldButton(g);
+    }
+    meldAttempt_ = 0;
+    if (CardAwaited(g)) {
+        const int card = ChooseCard(g);
+        if (card != 0) return TableEvent{TableEventKind::CardClick, card};
+    }
+    return std::nullopt;
+}
+
+std::optional<TableEvent> PlayerPolicy::NextMeldButton(const Game& g) {
+    if (g.MeldCommandRunning) return std::nullopt;
+    if (kind_ == PolicyKind::First) return TableEvent{TableEventKind::CancelClick};
+    if (g.view.IsControlVisible(TableControl::FramMarriage)) {
+        const int suit = static_cast<int>(random_() % 4) + 1;
+        return TableEvent{TableEventKind::MarriageClick,
+                          kind_ == PolicyKind::Greedy ? g.TrumpSuit : suit};
+    }
+    if (!g.view.IsControlVisible(TableControl::FramDeclare)) return std::nullopt;
+    if (kind_ == PolicyKind::Greedy) {
+        const std::size_t attempt = static_cast<std::size_t>(meldAttempt_++);
+        return kGreedyMelds.at(attempt < kGreedyMelds.size() ? attempt : kGreedyMelds.size() - 1);
+    }
+    return kGreedyMelds.at(static_cast<std::size_t>(random_() % kGreedyMelds.size()));
+}
+
+int PlayerPolicy::ChooseCard(const Game& g) {
+    const std::vector<int> cards = LegalCards(g);
+    if (cards.empty()) return 0;
+    switch (kind_) {
+        case PolicyKind::First:
+            return cards.front();
+        case PolicyKind::Random:
+            return cards[static_cast<std::size_t>(random_() % cards.size())];
+        case PolicyKind::Greedy:
+            break;
+    }
+    // Lead the strongest card; follow with the weakest card that beats the
+    // lead in its suit, else throw the weakest.
+    auto strength = [&](int card) {
+        return Card(g, card).Value + (Card(g, card).Suit == g.TrumpSuit ? 10 : 0);
+    };
+    int best = 0;
+    if (g.Leader == ThePlayer) {
+        for (const int card : cards) {
+            if (best == 0 || strength(card) > strength(best)) best = card;
+        }
+        return best;
+    }
+    const CardRec& lead = Card(g, g.LeadCard);
+    for (const int card : cards) {
+        const CardRec& c = Card(g, card);
+        const bool beats = (c.Suit == lead.Suit && c.Value > lead.Value) ||
+                           (c.Suit == g.TrumpSuit && lead.Suit != g.TrumpSuit);
+        if (beats && (best == 0 || strength(card) < strength(best))) best = card;
+    }
+    if (best != 0) return best;
+    for (const int card : cards) {
+        if (best == 0 || strength(card) < strength(best)) best = card;
+    }
+    return best;
+}
+
+int PlayerPolicy::Answer(const MessageRecord& message) {
+    if (message.title == "Make choice") {
+        switch (kind_) {
+            case PolicyKind::First:
+                return 0;
+            case PolicyKind::Random:
+                return static_cast<int>(random_() % 2);
+            case PolicyKind::Greedy:
+                return 1;
+        }
+    }
+    return 0;
+}
+
+}  // namespace trickhaven
