@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QShortcutEvent>
 
 #include "forms/card_picture.h"
 #include "forms/table_build.h"
@@ -104,6 +105,7 @@ void PinochleTable::BuildCards() {
 }
 
 void PinochleTable::BuildMenu() {
+    menuBar()->installEventFilter(this);
     QMenu* dropDown = nullptr;
     for (const MenuDesign& design : TableMenu()) {
         const QString caption = QString::fromUtf8(design.caption);
@@ -153,6 +155,23 @@ QPixmap PinochleTable::Picture(int image) {
 void PinochleTable::closeEvent(QCloseEvent* event) {
     event->ignore();
     Send({TableEventKind::CloseBox});
+}
+
+bool PinochleTable::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != menuBar() || event->type() != QEvent::Shortcut) {
+        return QMainWindow::eventFilter(watched, event);
+    }
+    const auto* shortcut = static_cast<QShortcutEvent*>(event);
+    if (!shortcut->isAmbiguous()) {
+        return false;
+    }
+    // The shared letter's turn came to the menu bar: it goes to the button.
+    for (auto* button : surface_->findChildren<TableButton*>()) {
+        if (button->isVisible() && QKeySequence::mnemonic(button->text()) == shortcut->key()) {
+            button->animateClick();
+        }
+    }
+    return true;
 }
 
 void PinochleTable::SetCardImage(int card, int image) {

@@ -68,6 +68,8 @@ protected:
     // The close box only asks: the logic decides, and the program ends when
     // the session does.
     void closeEvent(QCloseEvent* event) override;
+    // A menu title never takes a letter that a shown button also claims.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildControls();

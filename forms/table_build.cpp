@@ -40,9 +40,9 @@ void ApplyLabelLook(const ControlDesign& design, QLabel& label) {
     // The text starts at the border, also in a label with a border.
     label.setIndent(0);
     label.setAlignment((design.centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop);
-    // A text wider than its label breaks at its blanks, and what falls below
-    // the label's foot is cut: a label never grows on its own.
-    label.setWordWrap(true);
+    // A label with room for several lines breaks its text at the blanks; a
+    // one-line label keeps its line whole, cut at its edges when too long.
+    label.setWordWrap(label.height() >= 2 * label.fontMetrics().height());
     if (design.border) {
         label.setFrameStyle(QFrame::Panel | QFrame::Sunken);
         label.setLineWidth(1);

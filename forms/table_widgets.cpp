@@ -9,6 +9,14 @@
 
 namespace trickhaven {
 
+bool TableButton::event(QEvent* event) {
+    if (event->type() == QEvent::Shortcut) {
+        animateClick();
+        return true;
+    }
+    return QPushButton::event(event);
+}
+
 void TableButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QPalette& colours = palette();

@@ -11,13 +11,15 @@
 namespace trickhaven {
 
 // A raised button in the colour of its palette's Button role; the "&" of its
-// caption underlines the mnemonic letter.
+// caption underlines the mnemonic letter. Alt with that letter clicks it even
+// where a menu title has the same letter: the open panel comes first.
 class TableButton : public QPushButton {
     Q_OBJECT
 public:
     using QPushButton::QPushButton;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

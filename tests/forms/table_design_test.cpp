@@ -34,6 +34,9 @@ constexpr QRgb Green = qRgb(0, 192, 0);
 constexpr QRgb Pink = qRgb(255, 128, 128);
 constexpr QRgb Apricot = qRgb(255, 192, 128);
 constexpr QRgb Mint = qRgb(192, 255, 192);
+constexpr const char* LastTrick = "Your last trick score";
+constexpr const char* TotalTricks = "Your current trick scores";
+constexpr const char* LastMeld = "Last Meld Score Lorinda";
 constexpr const char* Total = "Total score Lorinda";
 
 const Expected Rows[] = {
@@ -85,12 +88,9 @@ const Expected Rows[] = {
     {"Label11", 480, 1200, 1095, 255, Pink, Black, 9.75, 1, 0, 0, "Last Meld:-"},
     {"Label6", 480, 1560, 1095, 255, Pink, Black, 9.75, 1, 0, 0, "Total Melds:-"},
     {"Label3", 120, 2040, 1455, 255, Pink, Black, 11.25, 1, 0, 1, "TOTAL SCORE"},
-    {"LblLastTrickC", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Your last trick score"},
-    {"LblTotTricskC", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Your current trick scores"},
-    {"LbllLastMeldC", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Last Meld Score Lorinda"},
+    {"LblLastTrickC", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastTrick},
+    {"LblTotTricskC", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", TotalTricks},
+    {"LbllLastMeldC", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastMeld},
     {"LblTotMeldsC", 1680, 1560, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", Total},
     {"LblTotScoreC", 1680, 2040, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", Total},
     {"LblPname1", 600, 240, 555, 225, Apricot, Black, 9.75, 1, 0, 1, "Player"},
@@ -99,12 +99,9 @@ const Expected Rows[] = {
     {"LastMeld", 480, 1200, 1095, 255, Apricot, Black, 9.75, 1, 0, 0, "Last Meld:-"},
     {"Label8", 480, 1560, 1095, 255, Apricot, Black, 9.75, 1, 0, 0, "Total Melds:-"},
     {"LblTotal", 240, 2040, 1335, 255, Apricot, Black, 11.25, 1, 0, 1, "TOTAL SCORE"},
-    {"LblLastTrickP", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Your last trick score"},
-    {"LblTotTricksP", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Your current trick scores"},
-    {"LblLastMeldP", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0",
-     "Last Meld Score Lorinda"},
+    {"LblLastTrickP", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastTrick},
+    {"LblTotTricksP", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", TotalTricks},
+    {"LblLastMeldP", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastMeld},
     {"LblTotalMeldsP", 1680, 1560, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", Total},
     {"LblTotalScoreP", 1680, 2040, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", Total},
     {"LblDix", 120, 240, 4332, 612, Peach, Black, 10.5, 1, 0, 0,

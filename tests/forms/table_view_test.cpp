@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
-#include <QMessageBox>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -85,11 +85,25 @@ TEST_F(TableViewTest, AltWithTheMarkedLetterClicksTheButton) {
     table.SetControlVisible(TableControl::FramMeldHelp, true);
     QApplication::setActiveWindow(&table);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
-    QTest::keyClick(&table, Qt::Key_S, Qt::AltModifier);
-    QTest::keyClick(&table, Qt::Key_O, Qt::AltModifier);
-    // A mnemonic shows the button pressed for a moment before it clicks.
-    EXPECT_TRUE(QTest::qWaitFor([this] { return log.events.size() == 2; }, 2000));
+    const auto press = [this](Qt::Key letter, std::size_t events) {
+        QTest::keyClick(&table, letter, Qt::AltModifier);
+        // A mnemonic shows the button pressed for a moment before it clicks.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return log.events.size() == events; }, 2000));
+    };
+    press(Qt::Key_S, 1);
+    press(Qt::Key_O, 2);
     EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::SortClick}, {E::ReminderOkClick}}));
+
+    // "C&ancel" and "&About" share the letter; the shown panel wins, every time.
+    QSignalSpy about(&table, &PinochleTable::aboutRequested);
+    table.SetControlVisible(TableControl::FramDeclare, true);
+    press(Qt::Key_A, 3);
+    press(Qt::Key_A, 4);
+    EXPECT_EQ(log.events.back(), TableEvent{E::CancelClick});
+    EXPECT_EQ(about.count(), 0);
+    table.SetControlVisible(TableControl::FramDeclare, false);
+    QTest::keyClick(&table, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(about.count(), 1);
 }
 
 TEST_F(TableViewTest, CardsKeepTheirTwipsAndShowTheirPictures) {
@@ -145,16 +159,9 @@ TEST_F(TableViewTest, ControlsShowHideAndComeToTheFront) {
 }
 
 TEST_F(TableViewTest, CaptionsReadBackAsWritten) {
-    const TableLabel labels[] = {
-        TableLabel::LblBotsName,    TableLabel::LblPlayer,      TableLabel::LblPname,
-        TableLabel::LblBName,       TableLabel::LblStock,       TableLabel::CmdSort,
-        TableLabel::LblLastTrickP,  TableLabel::LblTotTricksP,  TableLabel::LblLastMeldP,
-        TableLabel::LblTotalMeldsP, TableLabel::LblTotalScoreP, TableLabel::LblLastTrickC,
-        TableLabel::LblTotTricskC,  TableLabel::LbllLastMeldC,  TableLabel::LblTotMeldsC,
-        TableLabel::LblTotScoreC};
-    int number = 100;
-    for (TableLabel label : labels) {
-        const std::string text = std::to_string(++number);
+    for (int k = 0; k <= static_cast<int>(TableLabel::LblTotScoreC); ++k) {
+        const auto label = static_cast<TableLabel>(k);
+        const std::string text = std::to_string(101 + k);
         table.SetCaption(label, text);
         EXPECT_EQ(table.Caption(label), text);
     }
@@ -194,11 +201,6 @@ TEST_F(TableViewTest, StatusPanelsShowTheirTextsAndTheTrumpPicture) {
     EXPECT_EQ(trumps->Picture().toImage(), art.Image(53, ratio).toImage());
 }
 
-TEST_F(TableViewTest, TheTitleBarShowsTheTarget) {
-    table.SetTitle(" Target Score 1000");
-    EXPECT_EQ(table.windowTitle(), " Target Score 1000");
-}
-
 // Answers the box that the next call opens, once it is up.
 void AnswerNextBox(const std::function<void(QWidget&)>& answer) {
     QTimer::singleShot(0, [answer] {
@@ -224,18 +226,6 @@ TEST_F(TableViewTest, TheInputBoxGivesTheTextOrNothingOnCancel) {
         input.reject();
     });
     EXPECT_EQ(table.AskInput("Type your name", "Your Name"), "");
-}
-
-TEST_F(TableViewTest, TheQuestionBoxAnswersYesOrNo) {
-    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
-        AnswerNextBox([answer](QWidget& box) {
-            auto& question = dynamic_cast<QMessageBox&>(box);
-            EXPECT_EQ(question.icon(), QMessageBox::Question);
-            EXPECT_EQ(question.text(), "Really?");
-            question.button(answer)->click();
-        });
-        EXPECT_EQ(table.AskQuestion("Really?", "Title"), answer == QMessageBox::Yes);
-    }
 }
 
 TEST_F(TableViewTest, TheDeluxeMessageRingsAndHoldsTheTableUntilAnswered) {

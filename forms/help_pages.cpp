@@ -1,0 +1,168 @@
+#include "forms/help_pages.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QScreen>
+
+#include "forms/help_design.h"
+#include "forms/help_texts.h"
+#include "forms/table_widgets.h"
+#include "forms/twips.h"
+
+namespace trickhaven {
+
+namespace {
+
+const QColor kPageBack(0, 0, 128);
+const QColor kPageInk(192, 255, 255);
+
+QFont PageFont(double points) {
+    QFont font(QStringLiteral("Times New Roman"));
+    font.setPixelSize(PointsToPixels(points));
+    font.setBold(true);
+    return font;
+}
+
+QPixmap SmallCard(CardArt& art, int card, qreal ratio) {
+    const int side = TwipsToPixels(HelpPictureSize);
+    QPixmap picture =
+        art.Image(card, ratio)
+            .scaled(QSize(side, side) * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+std::unique_ptr<HelpPage> LoadPage(int page, CardArt& art) {
+    switch (page) {
+        case 1:
+            return std::make_unique<FrmHelp>(art);
+        case 2:
+            return std::make_unique<FrmHelp2>(art);
+        default:
+            return std::make_unique<FrmHelp3>(art);
+    }
+}
+
+}  // namespace
+
+HelpPage::HelpPage(int page, CardArt& art)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      lines_(HelpPageText(page)) {
+    const HelpPageDesign& design = HelpDesign(page);
+    keepsPrint_ = design.keepsPrint;
+    setObjectName(QString::fromLatin1(design.name));
+    setWindowTitle(QString::fromLatin1(design.title));
+    setFixedSize(TwipsToPixels(design.width), TwipsToPixels(design.height));
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, kPageBack);
+    colours.setColor(QPalette::WindowText, kPageInk);
+    setPalette(colours);
+    setAutoFillBackground(true);
+    setFont(PageFont(design.points));
+    AddPictures(design, art);
+    AddLabels(design);
+    AddButtons(design);
+    if (keepsPrint_) {
+        const qreal ratio = devicePixelRatioF();
+        keptPrint_ = QPixmap(size() * ratio);
+        keptPrint_.setDevicePixelRatio(ratio);
+        keptPrint_.fill(kPageBack);
+        QPainter painter(&keptPrint_);
+        Print(painter);
+    }
+}
+
+int HelpPage::LineHeight() const {
+    return fontMetrics().height();
+}
+
+void HelpPage::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (keepsPrint_) {
+        painter.drawPixmap(0, 0, keptPrint_);
+        return;
+    }
+    Print(painter);
+}
+
+void HelpPage::Print(QPainter& painter) {
+    painter.setFont(font());
+    painter.setPen(kPageInk);
+    const int ascent = fontMetrics().ascent();
+    printY_ = 0;
+    for (const QString& line : lines_) {
+        if (!line.isEmpty()) {
+            painter.drawText(0, printY_ + ascent, line);
+        }
+        printY_ += LineHeight();
+        ++linesPrinted_;
+    }
+}
+
+void HelpPage::AddButtons(const HelpPageDesign& design) {
+    for (const HelpButtonDesign& row : design.buttons) {
+        auto* button = new TableButton(QString::fromLatin1(row.caption), this);
+        button->setObjectName(QString::fromLatin1(row.name));
+        button->setGeometry(TwipsToPixels(row.left, row.top, row.width, row.height));
+        if (row.points > 0) {
+            button->setFont(PageFont(row.points));
+        }
+        QPalette colours = button->palette();
+        colours.setColor(QPalette::Button, kPageInk);
+        colours.setColor(QPalette::ButtonText, Qt::black);
+        button->setPalette(colours);
+        button->setToolTip(QString::fromLatin1(row.toolTip));
+        connect(button, &QPushButton::clicked, this, [this, next = row.nextPage] {
+            hide();
+            if (next != 0) {
+                emit pageRequested(next);
+            }
+        });
+    }
+}
+
+void HelpPage::AddPictures(const HelpPageDesign& design, CardArt& art) {
+    const int side = TwipsToPixels(HelpPictureSize);
+    for (const HelpPictureDesign& row : design.pictures) {
+        auto* picture = new QLabel(this);
+        picture->setObjectName(QString::fromLatin1(row.name));
+        picture->setGeometry(TwipsToPixels(row.left), TwipsToPixels(row.top), side, side);
+        picture->setAlignment(Qt::AlignCenter);
+        picture->setPixmap(SmallCard(art, row.card, devicePixelRatioF()));
+    }
+}
+
+void HelpPage::AddLabels(const HelpPageDesign& design) {
+    for (const HelpLabelDesign& row : design.labels) {
+        auto* label = new QLabel(QString::fromLatin1(row.caption), this);
+        label->setObjectName(QString::fromLatin1(row.name));
+        label->setGeometry(TwipsToPixels(row.left, row.top, row.width, row.height));
+        label->setTextFormat(Qt::PlainText);
+        label->setFont(PageFont(HelpLabelPoints));
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        label->setWordWrap(true);
+    }
+}
+
+HelpPages::HelpPages() = default;
+HelpPages::~HelpPages() = default;
+
+void HelpPages::Show(int page) {
+    std::unique_ptr<HelpPage>& slot = pages_.at(static_cast<std::size_t>(page - 1));
+    if (!slot) {
+        slot = LoadPage(page, art_);
+        QObject::connect(slot.get(), &HelpPage::pageRequested, slot.get(),
+                         [this](int next) { Show(next); });
+        const QRect area = slot->screen()->availableGeometry();
+        slot->move(area.center() - QPoint(slot->width() / 2, slot->height() / 2));
+    }
+    slot->show();
+    slot->raise();
+    slot->activateWindow();
+}
+
+HelpPage* HelpPages::Page(int page) const {
+    return pages_.at(static_cast<std::size_t>(page - 1)).get();
+}
+
+}  // namespace trickhaven
