@@ -98,6 +98,35 @@ TEST(Deal, RowsLieAtTheirPositionsFaceUpAndFaceDown) {
     }
 }
 
+TEST(Deal, DuringTheDealThePlayersRowLiesInIndexOrderToLeft7450) {
+    HeadlessGame hg(21);
+    int rightmost = 0;
+    bool checked = false;
+    hg.platform.script.push_back({TableEventKind::MenuNewGame});
+    hg.platform.stopWhen = [&](const Game& g) {
+        int laid = 0;
+        for (int card = 1; card <= CardCount; ++card) {
+            laid += Card(g, card).Place == PlacePlayerHand && hg.table.Picture(card).top == 10080;
+        }
+        // The player's last card has landed; the up card is not turned yet.
+        if (laid == 12 && g.UpCard == 0 && !checked) {
+            checked = true;
+            int left = 2500;
+            for (int card = 1; card <= CardCount; ++card) {
+                if (Card(g, card).Place == PlacePlayerHand) {
+                    EXPECT_EQ(hg.table.Picture(card).left, left) << card;
+                    rightmost = left;
+                    left += 450;
+                }
+            }
+        }
+        return g.RoundOneOn;
+    };
+    ASSERT_TRUE(hg.Run());
+    EXPECT_TRUE(checked);
+    EXPECT_EQ(rightmost, 7450);
+}
+
 TEST(Deal, PacketsOfThreeGoFirstToTheSideThatDoesNotDeal) {
     for (std::uint64_t seed = 1; seed <= 6; ++seed) {
         HeadlessGame hg(seed);

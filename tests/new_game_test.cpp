@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "tests/headless/headless_game.h"
+#include "tests/headless/player_policy.h"
 
 namespace trickhaven {
 namespace {
@@ -157,6 +158,31 @@ TEST(NewGame, TheDealerAlternatesFromGameToGame) {
     for (std::size_t i = 1; i < dealers.size(); ++i) {
         EXPECT_NE(dealers[i], dealers[i - 1]);
     }
+}
+
+TEST(NewGame, TheDealerAlternatesFromHandToHandAndTotalsCarryOver) {
+    HeadlessGame hg(31);
+    PlayerPolicy player(PolicyKind::First, 31);
+    std::vector<int> dealers;
+    std::vector<int> totalsAtDeal;
+    int lastHand = 0;
+    hg.platform.script.push_back({TableEventKind::MenuNewGame});
+    hg.platform.policy = [&](Game& g) {
+        if (g.RoundOneOn && int{g.HandNumber} != lastHand) {
+            lastHand = g.HandNumber;
+            dealers.push_back(g.Dealer);
+            totalsAtDeal.push_back(g.PlayerTotal + g.OpponentTotal);
+        }
+        return player.Next(g);
+    };
+    hg.platform.stopWhen = [&](const Game& g) { return g.GameOn && g.HandNumber == 4; };
+    ASSERT_TRUE(hg.Run());
+    ASSERT_EQ(dealers.size(), 3U);
+    EXPECT_NE(dealers[0], dealers[1]);
+    EXPECT_NE(dealers[1], dealers[2]);
+    EXPECT_EQ(totalsAtDeal[0], 0);
+    EXPECT_GT(totalsAtDeal[1], 0) << "the totals of a game go on from hand to hand";
+    EXPECT_EQ(hg.game.TargetScore, 1000);
 }
 
 }  // namespace

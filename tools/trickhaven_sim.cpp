@@ -140,8 +140,7 @@ int main(int argc, char** argv) {
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("games: %ld\nhands: %ld\ntricks: %ld\n", report.games, report.hands,
-                report.tricks);
+    std::printf("games: %ld\nhands: %ld\ntricks: %ld\n", report.games, report.hands, report.tricks);
     std::printf("wins: player %ld, robot %ld\n", report.playerWins, report.robotWins);
     std::printf("mean player score per hand: %.1f\n",
                 report.hands > 0 ? static_cast<double>(report.handPoints) / report.hands : 0.0);

@@ -85,7 +85,8 @@ int HeadlessTable::ShowDeluxeMessage(const std::string& message, const std::stri
 }
 
 void HeadlessTable::ShowPlainMessage(const std::string& message, const std::string& title) {
-    if (keepHistory) messages_.push_back(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
+    if (keepHistory)
+        messages_.push_back(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
 }
 
 bool HeadlessTable::AskQuestion(const std::string& question, const std::string& title) {
