@@ -3,8 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPointer>
 #include <QStandardPaths>
 
+#include "forms/about_box.h"
+#include "forms/help_pages.h"
 #include "forms/pinochle_table.h"
 #include "forms/qt_platform.h"
 #include "game/game_state.h"
@@ -47,6 +50,12 @@ int main(int argc, char* argv[]) {
     table.SetEventHandler(
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
+    trickhaven::HelpPages help;
+    QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,
+                     [&help] { help.ShowFirstPage(); });
+    QPointer<trickhaven::FrmAbout> about;
+    QObject::connect(&table, &trickhaven::PinochleTable::aboutRequested, &table,
+                     [&about, &table] { trickhaven::ShowAboutBox(about, &table); });
     table.ShowCentred();
     trickhaven::RunSession(g);
     return 0;

@@ -69,7 +69,7 @@ const char* const kPageThree[] = {
     "     Points for each trick won: Ace 11, Ten 10, King 4, Queen 3 and Jack 2.",
     "     They are added to the scores at the end of each hand.",
     "",
-    "     THE PLAY: Non-Dealer leads; the winner of a trick leads next. In the first round any",
+    "     THE PLAY: Non-Dealer leads. The winner of a trick leads next. In the first round any",
     "     card may be played, and the card led wins unless a higher one of its suit or a trump "
     "falls.",
     "",

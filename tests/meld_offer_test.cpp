@@ -150,19 +150,6 @@ INSTANTIATE_TEST_SUITE_P(
                        40}),
     [](const ::testing::TestParamInfo<MeldButtonCase>& info) { return info.param.name; });
 
-TEST(MeldOffer, FoursAndMarriageButtonsLeaveNoMeldPending) {
-    for (const std::vector<TableEvent>& clicks :
-         {std::vector<TableEvent>{Click(TableEventKind::FoursClick, 3)},
-          std::vector<TableEvent>{kMakeMarriage, Click(TableEventKind::MarriageClick, Clubs)}}) {
-        OfferTable table;
-        table.Give(BothOfEachSuit(Ace));
-        table.Give({KC, QC});
-        table.Offer(clicks);
-        EXPECT_GT(table.g.PlayerTotalMelds, 0);
-        EXPECT_FALSE(table.g.MeldDone);
-    }
-}
-
 struct RefusedCase {
     std::string name;
     std::vector<TableEvent> clicks;  // the last one is refused
@@ -279,12 +266,7 @@ INSTANTIATE_TEST_SUITE_P(
                                        {KC, Second(KC), QC, Second(QC)},
                                        {kMakeMarriage, Click(TableEventKind::MarriageClick, Clubs),
                                         Click(TableEventKind::MarriageClick, Clubs)},
-                                       20},
-                      PressedTwiceCase{"FourAces",
-                                       BothOfEachSuit(Ace),
-                                       {Click(TableEventKind::FoursClick, 3),
-                                        Click(TableEventKind::FoursClick, 3)},
-                                       100}),
+                                       20}),
     [](const ::testing::TestParamInfo<PressedTwiceCase>& info) { return info.param.name; });
 
 TEST(MeldOffer, SecondDixPressKeepsTheOtherNineInTheHand) {
