@@ -9,30 +9,12 @@
 #include <vector>
 
 #include "game/session.h"
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-constexpr int Second(int card) {
-    return card + 1;
-}
-
-const int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts), KH = CardIndex(King, Hearts);
-const int QH = CardIndex(Queen, Hearts), JH = CardIndex(Jack, Hearts), NH = CardIndex(Nine, Hearts);
-const int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs);
-constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
 const std::string kPrompt = "Ada click Meld to make or Cancel to receive card.";
-
-std::vector<int> BothOfEachSuit(int value) {
-    std::vector<int> cards;
-    for (int suit = Diamonds; suit <= Spades; ++suit) {
-        cards.push_back(CardIndex(value, suit));
-        cards.push_back(Second(CardIndex(value, suit)));
-    }
-    return cards;
-}
 
 TableEvent Click(TableEventKind kind, int index = 0) {
     return TableEvent{kind, index};
@@ -41,30 +23,14 @@ const TableEvent kCancel = Click(TableEventKind::CancelClick);
 const TableEvent kMakeMarriage = Click(TableEventKind::MakeMarriageClick);
 
 // Hearts are trumps and the King of Hearts is turned up.
-struct OfferTable {
-    OfferTable() : g(hg.game) {
-        ClearTable(g);
-        g.GameOn = true;
-        g.RoundOneOn = true;
-        g.PlayerName = "Ada";
-        g.OpponentName = "Lorinda";
-        g.GameSpeed = 100;
-        g.DelayMs = 100;
-        g.TrickCount = 6;
-        g.TrumpSuit = Hearts;
-        g.UpCard = KH;
-        Card(g, KH).Place = PlaceUpCard;
-    }
-    void Give(const std::vector<int>& cards) {
-        for (const int card : cards) Card(g, card).Place = PlacePlayerHand;
-    }
+struct OfferTable : RoundOneTable {
+    OfferTable() : RoundOneTable(Hearts, KH, 6) {}
+    void Give(const std::vector<int>& cards) { RoundOneTable::Give(ThePlayer, cards); }
     void Offer(const std::vector<TableEvent>& events) {
         hg.platform.script.assign(events.begin(), events.end());
         OfferMeld(g, kPrompt);
     }
     bool Visible(TableControl control) const { return hg.table.IsControlVisible(control); }
-    HeadlessGame hg;
-    Game& g;
 };
 
 TEST(MeldOffer, OpensWithItsPromptAndCancelEndsItWithoutAMeld) {

@@ -10,48 +10,16 @@
 #include <vector>
 
 #include "melds/meld_rules.h"
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-constexpr int Second(int card) {
-    return card + 1;
-}
-
-const int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts), KH = CardIndex(King, Hearts);
-const int QH = CardIndex(Queen, Hearts), JH = CardIndex(Jack, Hearts);
-const int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs);
-constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
-
-std::vector<int> FirstOfEachSuit(int value) {
-    return {CardIndex(value, Diamonds), CardIndex(value, Clubs), CardIndex(value, Hearts),
-            CardIndex(value, Spades)};
-}
-
-struct RowTable {
-    RowTable() : g(hg.game) {
-        ClearTable(g);
-        g.GameOn = true;
-        g.RoundOneOn = true;
-        g.PlayerName = "Ada";
-        g.OpponentName = "Lorinda";
-        g.GameSpeed = 100;
-        g.DelayMs = 100;
-        g.TrickCount = 5;
-        g.TrumpSuit = Hearts;
-        g.UpCard = Second(CardIndex(Nine, Hearts));
-        Card(g, g.UpCard).Place = PlaceUpCard;
-    }
-    void Give(int who, const std::vector<int>& cards) {
-        for (const int card : cards) Card(g, card).Place = HandPlace(who);
-    }
+struct RowTable : RoundOneTable {
+    RowTable() : RoundOneTable(Hearts, 0, 5) {}
     std::pair<int, int> At(int card) const {
         return {hg.table.Picture(card).left, hg.table.Picture(card).top};
     }
-    HeadlessGame hg;
-    Game& g;
 };
 
 struct StagingCase {

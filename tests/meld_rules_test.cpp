@@ -9,53 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-constexpr int Second(int card) {
-    return card + 1;
-}
-
-// Hearts are trumps unless a case says otherwise.
-const int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts), KH = CardIndex(King, Hearts);
-const int QH = CardIndex(Queen, Hearts), JH = CardIndex(Jack, Hearts), NH = CardIndex(Nine, Hearts);
-const int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs), NC = CardIndex(Nine, Clubs);
-const int KD = CardIndex(King, Diamonds), QD = CardIndex(Queen, Diamonds);
-const int AS = CardIndex(Ace, Spades), TS = CardIndex(Ten, Spades), KS = CardIndex(King, Spades);
-const int JS = CardIndex(Jack, Spades);
-constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
-
-std::vector<int> FirstOfEachSuit(int value) {
-    return {CardIndex(value, Diamonds), CardIndex(value, Clubs), CardIndex(value, Hearts),
-            CardIndex(value, Spades)};
-}
-
-std::vector<int> BothOfEachSuit(int value) {
-    std::vector<int> cards = FirstOfEachSuit(value);
-    for (const int card : FirstOfEachSuit(value)) cards.push_back(Second(card));
-    return cards;
-}
-
-struct MeldTable {
-    explicit MeldTable(int trumps = Hearts, int upCard = 0) : g(hg.game) {
-        ClearTable(g);
-        g.GameOn = true;
-        g.RoundOneOn = true;
-        g.PlayerName = "Ada";
-        g.OpponentName = "Lorinda";
-        g.GameSpeed = 100;
-        g.DelayMs = 100;
-        g.TrickCount = 4;
-        g.TrumpSuit = trumps;
-        g.UpCard = upCard != 0 ? upCard : Second(CardIndex(Nine, trumps));
-        Card(g, g.UpCard).Place = PlaceUpCard;
-    }
-    void Give(int who, const std::vector<int>& cards) {
-        for (const int card : cards) Card(g, card).Place = HandPlace(who);
-    }
+struct MeldTable : RoundOneTable {
+    using RoundOneTable::RoundOneTable;
     void OpenOffer() {
         g.MeldAwaited = true;
         hg.table.SetControlVisible(TableControl::FramDeclare, true);
@@ -71,8 +31,6 @@ struct MeldTable {
         return hg.table.Caption(who == ThePlayer ? TableLabel::LblLastMeldP
                                                  : TableLabel::LbllLastMeldC);
     }
-    HeadlessGame hg;
-    Game& g;
 };
 
 using Meld = std::function<void(Game&, int)>;

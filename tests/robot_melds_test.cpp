@@ -7,53 +7,20 @@
 #include <vector>
 
 #include "robot/meld_order.h"
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-constexpr int Second(int card) {
-    return card + 1;
-}
-
-const int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts), KH = CardIndex(King, Hearts);
-const int QH = CardIndex(Queen, Hearts), JH = CardIndex(Jack, Hearts), NH = CardIndex(Nine, Hearts);
-const int KD = CardIndex(King, Diamonds), QD = CardIndex(Queen, Diamonds);
-const int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs);
-const int KS = CardIndex(King, Spades), AD = CardIndex(Ace, Diamonds);
-constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
-
-std::vector<int> FirstOfEachSuit(int value) {
-    return {CardIndex(value, Diamonds), CardIndex(value, Clubs), CardIndex(value, Hearts),
-            CardIndex(value, Spades)};
-}
-
 // Hearts are trumps; the second King of Hearts is turned up.
-struct RobotTable {
-    RobotTable() : g(hg.game) {
-        ClearTable(g);
-        g.GameOn = true;
-        g.RoundOneOn = true;
-        g.PlayerName = "Ada";
-        g.OpponentName = "Lorinda";
-        g.GameSpeed = 100;
-        g.DelayMs = 100;
-        g.TrickCount = 7;
-        g.TrumpSuit = Hearts;
-        g.UpCard = Second(KH);
-        Card(g, g.UpCard).Place = PlaceUpCard;
-    }
-    void Give(const std::vector<int>& cards) {
-        for (const int card : cards) Card(g, card).Place = PlaceOpponentHand;
-    }
+struct RobotTable : RoundOneTable {
+    RobotTable() : RoundOneTable(Hearts, Second(KH), 7) {}
+    void Give(const std::vector<int>& cards) { RoundOneTable::Give(TheRobot, cards); }
     // As if these Kings and Queens had married in an earlier turn.
     void Married(const std::vector<int>& cards) {
         for (const int card : cards) Card(g, card).MarriageDone = true;
     }
     std::string LastMeld() const { return hg.table.Caption(TableLabel::LbllLastMeldC); }
-    HeadlessGame hg;
-    Game& g;
 };
 
 struct OrderCase {
