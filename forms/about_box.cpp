@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QStyle>
 
 #include "forms/card_art.h"
 #include "forms/table_widgets.h"
@@ -54,6 +55,7 @@ TableButton* AddButton(QWidget* form, const char* name, QRect twips, const QStri
     auto* button = new TableButton(caption, form);
     button->setObjectName(QString::fromLatin1(name));
     button->setGeometry(TwipsToPixels(twips.x(), twips.y(), twips.width(), twips.height()));
+    button->setFont(AboutFont(8.25));
     QPalette colours = button->palette();
     colours.setColor(QPalette::Button, kButtonBack);
     colours.setColor(QPalette::ButtonText, Qt::black);
@@ -142,11 +144,14 @@ void FrmAbout::paintEvent(QPaintEvent*) {
 void ShowAboutBox(QPointer<FrmAbout>& box, QWidget* parent) {
     if (!box) {
         box = new FrmAbout(parent);
-        const QRect area = box->screen()->availableGeometry();
-        box->move(area.center() - QPoint(box->width() / 2, box->height() / 2));
+        box->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, box->size(),
+                                             box->screen()->availableGeometry()));
     }
-    box->show();
-    box->raise();
+    if (box->isVisible()) {
+        box->raise();
+    } else {
+        box->show();
+    }
     box->activateWindow();
 }
 

@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QPainter>
 #include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "forms/help_design.h"
 #include "forms/help_texts.h"
@@ -141,6 +143,10 @@ void HelpPage::AddLabels(const HelpPageDesign& design) {
         label->setFont(PageFont(HelpLabelPoints));
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         label->setWordWrap(true);
+        // The font engine may break a caption into more lines than its
+        // design height holds; the label grows downwards rather than lose words.
+        label->resize(label->width(),
+                      std::max(label->height(), label->heightForWidth(label->width())));
     }
 }
 
@@ -153,11 +159,14 @@ void HelpPages::Show(int page) {
         slot = LoadPage(page, art_);
         QObject::connect(slot.get(), &HelpPage::pageRequested, slot.get(),
                          [this](int next) { Show(next); });
-        const QRect area = slot->screen()->availableGeometry();
-        slot->move(area.center() - QPoint(slot->width() / 2, slot->height() / 2));
+        slot->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, slot->size(),
+                                              slot->screen()->availableGeometry()));
     }
-    slot->show();
-    slot->raise();
+    if (slot->isVisible()) {
+        slot->raise();
+    } else {
+        slot->show();
+    }
     slot->activateWindow();
 }
 

@@ -37,7 +37,7 @@ const char* const kPageOne[] = {
     "",
     "     SCORING: if the card turned up is a Nine, the dealer scores 10 for it.",
     "     The winner of a trick may exchange a Nine of trumps for the turned",
-    "     card, or declare it for 10.",
+    "     card, or declare it for 10; or he may simply play it in a trick.",
     "",
 };
 
