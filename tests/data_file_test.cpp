@@ -6,6 +6,7 @@
 
 #include <fstream>
 
+#include "data/data_folder.h"
 #include "game/hand_setup.h"
 #include "tests/headless/headless_game.h"
 
@@ -121,6 +122,25 @@ TEST(DataFile, AFailedWriteLeavesTheOldFileWholeAndNoLitter) {
 
 TEST(DataFile, AFolderThatIsGoneFailsTheWriteQuietly) {
     EXPECT_FALSE(WriteFileWhole("/nonexistent-trickhaven-folder/Data.dat", "0"));
+}
+
+TEST(DataFolder, AnInstalledGameKeepsItsFilesInTheUsersFolderFromACopy) {
+    HeadlessGame hg;
+    const auto program = hg.folder / "program";
+    const auto user = hg.folder / "user" / "trickhaven";
+    std::filesystem::create_directories(program);
+    WriteRaw(program / "Data.dat", "4,5,250,\"Ann\",\"Lorinda\",1000\r\n");
+
+    EXPECT_EQ(ChooseDataFolder(program, true, user), program);
+    EXPECT_FALSE(std::filesystem::exists(user)) << "a writable program folder is used as it is";
+
+    EXPECT_EQ(ChooseDataFolder(program, false, user), user);
+    EXPECT_EQ(ReadAll(user / "Data.dat"), ReadAll(program / "Data.dat"));
+
+    // The user's own file is never overwritten by the installed one.
+    WriteRaw(user / "Data.dat", "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
+    ChooseDataFolder(program, false, user);
+    EXPECT_EQ(ReadAll(user / "Data.dat"), "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
 }
 
 }  // namespace
