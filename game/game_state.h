@@ -7,11 +7,13 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "forms/platform.h"
 #include "forms/table_view.h"
 #include "game/card_table.h"
+#include "game/play_log.h"
 
 namespace trickhaven {
 
@@ -92,6 +94,10 @@ struct Game {
     // Set by a new game or an exit; the waits and pumps then unwind the
     // running routines back to the session loop.
     SessionRequest Request = SessionRequest::None;
+
+    // Told of every step of play, just before the step changes the table;
+    // empty in the program itself.
+    std::function<void(const Game&, const PlayLogEvent&)> onPlay;
 };
 
 // The record of card index 1..48.
@@ -100,6 +106,10 @@ inline CardRec& Card(Game& g, int index) {
 }
 inline const CardRec& Card(const Game& g, int index) {
     return g.Cards.at(static_cast<std::size_t>(index));
+}
+
+inline void LogPlay(const Game& g, const PlayLogEvent& event) {
+    if (g.onPlay) g.onPlay(g, event);
 }
 
 }  // namespace trickhaven

@@ -179,6 +179,7 @@ void MeldRun(Game& g, int who) {
     // A royal marriage already scored its King or Queen: the run gets the rest.
     const bool married = Card(g, at(King)).InMarriage || Card(g, at(Queen)).InMarriage;
     const int points = married ? 110 : 150;
+    LogPlay(g, MeldMade(who, "run", 0, 0, points));
     PostMeld(g, who, points);
     g.view.SetPanelText(2, SideName(g, who) + "scores for run " + std::to_string(points));
     if (who == ThePlayer) {
@@ -221,6 +222,7 @@ void MeldFours(Game& g, int who, int value) {
     }
     HideDeclare(g);
     g.MeldDone = true;
+    LogPlay(g, MeldMade(who, "fours", four.value, 0, four.points));
     for (int suit = Diamonds; suit <= Spades; ++suit) {
         const int card = cards.at(static_cast<std::size_t>(suit));
         CardRec& rec = Card(g, card);
@@ -263,6 +265,7 @@ void MeldDoublePinochle(Game& g, int who) {
             complete && HeldBy(g, card, who) && !rec.InDoublePinochle && !rec.DoublePinochleDone;
     }
     if (complete) {
+        LogPlay(g, MeldMade(who, "double", 0, 0, singleMade ? 460 : 500));
         g.MeldDone = true;
         for (const int card : kDouble) {
             CardRec& rec = Card(g, card);
@@ -330,6 +333,7 @@ void MeldPinochle(Game& g, int who) {
                "receive card.");
         return;
     }
+    LogPlay(g, MeldMade(who, "pinochle", 0, 0, 40));
     for (const int card : {jack, queen}) {
         Card(g, card).Melded = true;
         Card(g, card).InPinochle = true;
@@ -369,6 +373,8 @@ void MeldMarriage(Game& g, int who, int suit) {
         return;
     }
     g.MeldDone = true;
+    LogPlay(g,
+            MeldMade(who, "marriage", 0, suit, LastMeld(g, who) + (suit == g.TrumpSuit ? 40 : 20)));
     for (const int card : {queen, king}) {
         CardRec& rec = Card(g, card);
         rec.Melded = true;
@@ -410,6 +416,7 @@ void MeldDix(Game& g, int who) {
                "a new card");
     } else {
         g.MeldDone = true;
+        LogPlay(g, MeldMade(who, "dix", 0, 0, 10));
         if (UpCardIsNine(g) || UpCardTaken(g)) {
             DixOnTheTable(g, who, nine);
         } else {

@@ -34,8 +34,9 @@ void OpponentMelds(Game& g) {
     g.MeldDone = false;
     for (const MeldAttempt attempt : kAttempts) {
         attempt(g);
-        if (g.MeldDone) return;
+        if (g.MeldDone) break;
     }
+    LogPlay(g, MeldTurnOver(TheRobot, g.MeldDone));
 }
 
 }  // namespace trickhaven

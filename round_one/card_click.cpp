@@ -19,6 +19,7 @@ bool HandIsShut(const Game& g) {
 }
 
 void RecordPlayerCard(Game& g, int index) {
+    LogPlay(g, CardPlayed(ThePlayer, index));
     if (g.Leader == ThePlayer) {
         g.LeadCard = index;
         g.LeadSuit = Card(g, index).Suit;

@@ -75,6 +75,7 @@ void EndGame(Game& g, int winner, const std::string& verdict) {
     if (!g.GameOn) {
         return;
     }
+    LogPlay(g, GameOver(winner));
     ++g.GameStats[static_cast<std::size_t>(winner)];
     const std::string message = g.PlayerName + verdict + Digits(g.PlayerTotal) + " against " +
                                 Digits(g.OpponentTotal) + " for " + g.OpponentName +
@@ -137,6 +138,7 @@ void EndOfHand(Game& g) {
     g.OpponentTotal = static_cast<std::int16_t>(g.OpponentTotal + g.OpponentTotalTricks);
     g.view.SetCaption(TableLabel::LblTotalScoreP, Digits(g.PlayerTotal));
     g.view.SetCaption(TableLabel::LblTotScoreC, Digits(g.OpponentTotal));
+    LogPlay(g, HandOver());
     CheckTarget(g);
     if (!g.GameOn) {
         return;

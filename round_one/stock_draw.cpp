@@ -23,6 +23,12 @@ void ShowStockLeft(Game& g) {
 
 // The robot keeps a turned-up Ace or Ten of trumps; otherwise it takes the
 // stock card only when that is a higher trump.
+// The last two cards of Round One: the winner's choice, then the other.
+void LogLastPair(const Game& g, int winner, int chosen, int other) {
+    LogPlay(g, CardDrawn(winner, chosen));
+    LogPlay(g, CardDrawn(winner == ThePlayer ? TheRobot : ThePlayer, other));
+}
+
 bool RobotTakesStockCard(const Game& g) {
     const CardRec& up = Card(g, g.UpCard);
     const CardRec& last = Card(g, g.LastStockCard);
@@ -39,12 +45,14 @@ void PlayerChoosesLastCard(Game& g) {
                                  "Stock Card", "Up Card", "", 1, "Make choice"));
     if (g.MessageChoice == 0) {
         g.view.SetPanelText(2, g.PlayerName + " is taking last Stock Card");
+        LogLastPair(g, ThePlayer, g.LastStockCard, g.UpCard);
         Card(g, g.LastStockCard).Place = PlacePlayerHand;
         RedrawHand(g);
         Card(g, g.UpCard).Place = PlaceOpponentHand;
         ShowOpponentHand(g);
     } else {
         g.view.SetPanelText(2, g.PlayerName + " is taking the Trump card.");
+        LogLastPair(g, ThePlayer, g.UpCard, g.LastStockCard);
         Card(g, g.UpCard).Place = PlacePlayerHand;
         RedrawHand(g);
         Card(g, g.LastStockCard).Place = PlaceOpponentHand;
@@ -69,6 +77,7 @@ void RobotChoosesLastCard(Game& g) {
 void DrawAfterTrick(Game& g, int who) {
     g.DelayMs = static_cast<std::int16_t>(g.GameSpeed + 100);
     const int card = PickStockCard(g);
+    LogPlay(g, CardDrawn(who, card));
     --g.StockLeft;
     ShowStockLeft(g);
     if (who == ThePlayer) {
@@ -111,6 +120,7 @@ void TakeLastStock(Game& g) {
             g.view.ShowDeluxeMessage(g.OpponentName + " has decided to take the last Stock card.",
                                      "O.K", "", "", 1, "Taking Stock card"));
         WaitDelay(g);
+        LogLastPair(g, TheRobot, g.LastStockCard, g.UpCard);
         Card(g, g.LastStockCard).Place = PlaceOpponentHand;
         Card(g, g.UpCard).Place = PlacePlayerHand;
         DrawCard(g, TheRobot, g.LastStockCard);
@@ -120,6 +130,7 @@ void TakeLastStock(Game& g) {
             g.view.ShowDeluxeMessage(g.OpponentName + " has decided to take the UpCard trump.",
                                      "O.K", "", "", 1, "Taking trump card"));
         WaitDelay(g);
+        LogLastPair(g, TheRobot, g.UpCard, g.LastStockCard);
         Card(g, g.UpCard).Place = PlaceOpponentHand;
         Card(g, g.LastStockCard).Place = PlacePlayerHand;
         DrawCard(g, TheRobot, g.UpCard);

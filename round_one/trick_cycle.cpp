@@ -93,6 +93,7 @@ void ContinueRoundOne(Game& g) {
 }
 
 void ResolveTrick(Game& g) {
+    LogPlay(g, TrickTaken(TrickWinner(g), TrickValue(g)));
     if (TrickWinner(g) == ThePlayer) {
         g.PlayerLastTrick = static_cast<std::int16_t>(TrickValue(g));
         ShowTrickScore(g, ThePlayer);
@@ -180,6 +181,7 @@ void OpponentPlaysCard(Game& g, int card) {
     g.DelayMs = static_cast<std::int16_t>(g.GameSpeed + 150);
     WaitDelay(g);
     CardRec& rec = Card(g, card);
+    LogPlay(g, CardPlayed(TheRobot, card));
     rec.Place = PlacePlayed;
     rec.Melded = false;
     g.view.SetCardImage(card, card);

@@ -51,6 +51,7 @@ void RobotLeadsTrick(Game& g) {
 
 void BookTrick(Game& g) {
     const int points = TrickValue(g);
+    LogPlay(g, TrickTaken(TrickWinner(g), points));
     if (TrickWinner(g) == ThePlayer) {
         g.PlayerLastTrick = static_cast<std::int16_t>(points);
         ShowTrickScore(g, ThePlayer);

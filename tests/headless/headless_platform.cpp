@@ -10,6 +10,11 @@ HeadlessPlatform::HeadlessPlatform(std::uint64_t seed) {
     random_.state = seed;
 }
 
+void HeadlessPlatform::PlaySound(const std::string& file) {
+    ++soundsPlayed;
+    if (keepHistory) sounds.push_back(file);
+}
+
 void HeadlessPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
     ++rounds;
     if (stopWhen && stopWhen(*game)) {

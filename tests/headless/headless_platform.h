@@ -33,7 +33,7 @@ public:
 
     std::int32_t TickCount() override { return now_; }
     void ServeEvents(std::optional<std::int32_t> deadline) override;
-    void PlaySound(const std::string& file) override { sounds.push_back(file); }
+    void PlaySound(const std::string& file) override;
     double Random() override { return random_.Draw(); }
     void Reseed() override { random_.Reseed(now_); }
 
@@ -48,7 +48,10 @@ public:
     // Called after every event served, for checks of the table.
     std::function<void(const Game&, const TableEvent&)> afterEvent;
 
+    // Every sound started, while keepHistory holds; long runs turn it off.
     std::vector<std::string> sounds;
+    bool keepHistory = true;
+    long soundsPlayed = 0;
     long rounds = 0;
     long eventsServed = 0;
 

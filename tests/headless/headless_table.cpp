@@ -64,6 +64,7 @@ std::string HeadlessTable::Caption(TableLabel label) const {
 
 void HeadlessTable::SetPanelText(int panel, const std::string& text) {
     panels_.at(static_cast<std::size_t>(panel)) = text;
+    if (onPanelText) onPanelText(panel, text);
     if (keepHistory) panelHistory_.emplace_back(panel, text);
 }
 
@@ -80,28 +81,32 @@ int HeadlessTable::ShowDeluxeMessage(const std::string& message, const std::stri
                                      int icon, const std::string& title) {
     MessageRecord record{"deluxe", message, {button0, button1, button2}, icon, title, 0};
     record.choice = answerDeluxe ? answerDeluxe(record) : 0;
-    if (keepHistory) messages_.push_back(record);
+    Record(record);
     return record.choice;
 }
 
 void HeadlessTable::ShowPlainMessage(const std::string& message, const std::string& title) {
-    if (keepHistory)
-        messages_.push_back(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
+    Record(MessageRecord{"plain", message, {"OK", "", ""}, 0, title, 0});
 }
 
 bool HeadlessTable::AskQuestion(const std::string& question, const std::string& title) {
     MessageRecord record{"question", question, {"Yes", "No", ""}, 0, title, 0};
     const bool yes = answerQuestion ? answerQuestion(record) : true;
     record.choice = yes ? 0 : 1;
-    if (keepHistory) messages_.push_back(record);
+    Record(record);
     return yes;
 }
 
 std::string HeadlessTable::AskInput(const std::string& prompt, const std::string& title) {
     MessageRecord record{"input", prompt, {"OK", "Cancel", ""}, 0, title, 0};
     std::string text = answerInput ? answerInput(record) : std::string();
-    if (keepHistory) messages_.push_back(record);
+    Record(record);
     return text;
+}
+
+void HeadlessTable::Record(const MessageRecord& record) {
+    if (onMessage) onMessage(record);
+    if (keepHistory) messages_.push_back(record);
 }
 
 }  // namespace trickhaven

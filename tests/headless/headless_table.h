@@ -70,10 +70,16 @@ public:
     std::function<int(const MessageRecord&)> answerDeluxe;
     std::function<bool(const MessageRecord&)> answerQuestion;
     std::function<std::string(const MessageRecord&)> answerInput;
+    // Told of every status text and every box (with its answer), whether the
+    // history is kept or not.
+    std::function<void(int, const std::string&)> onPanelText;
+    std::function<void(const MessageRecord&)> onMessage;
     // Off for long runs, where the records would only grow.
     bool keepHistory = true;
 
 private:
+    void Record(const MessageRecord& record);
+
     std::array<CardPicture, 49> cards_{};
     std::map<TableControl, bool> visible_;
     std::map<TableLabel, std::string> captions_;

@@ -1,0 +1,100 @@
+// The data files under faults: a write that fails leaves the old file as it
+// was, and a process killed in the middle of saving leaves the old file or
+// the new one, never a mix.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+#include "data/data_file.h"
+#include "tests/headless/headless_game.h"
+
+namespace trickhaven {
+namespace {
+
+std::string ReadWhole(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
+    HeadlessGame hg;
+    Game& g = hg.game;
+    g.PlayerName = "Ann";
+    g.OpponentName = "Lorinda";
+    g.GameStats = {0, 5, 7};
+    SaveData(g);
+    SaveAllData(g);
+    const std::string data = ReadWhole(hg.folder / "Data.dat");
+    const std::string all = ReadWhole(hg.folder / "All.dat");
+    ASSERT_EQ(data, "5,7,100,\"Ann\",\"Lorinda\",0\r\n");
+    ASSERT_EQ(all, data);
+    // A folder where the temporary copies go makes every write fail.
+    std::filesystem::create_directory(hg.folder / "Data.dat.tmp");
+    std::filesystem::create_directory(hg.folder / "All.dat.tmp");
+    g.PlayerName = std::string(5000, 'Z');
+    g.GameStats = {0, 6, 7};
+    SaveData(g);
+    SaveAllData(g);
+    EXPECT_EQ(ReadWhole(hg.folder / "Data.dat"), data);
+    EXPECT_EQ(ReadWhole(hg.folder / "All.dat"), all);
+    EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "anything"));
+    // Once the way is clear the next save writes the new line.
+    std::filesystem::remove(hg.folder / "Data.dat.tmp");
+    SaveData(g);
+    const auto line = ParseSettingsLine(ReadWhole(hg.folder / "Data.dat"));
+    ASSERT_TRUE(line.has_value());
+    EXPECT_EQ(line->PlayerName, g.PlayerName);
+    EXPECT_EQ(line->PlayerWins, 6);
+}
+
+// A child saves two different lines in turn, as fast as it can, until it
+// is killed; it works on its own copy of the parent's game.
+[[noreturn]] void SaveForever(Game& g) {
+    for (long round = 0;; ++round) {
+        const bool even = round % 2 == 0;
+        g.PlayerName = std::string(even ? 20000 : 3, even ? 'E' : 'o');
+        g.GameStats = {0, even ? 2 : 1, 0};
+        SaveData(g);
+    }
+}
+
+TEST(DataFaults, AKillInTheMiddleOfSavingLeavesAWholeFile) {
+    HeadlessGame hg;
+    hg.game.PlayerName = "first";
+    SaveData(hg.game);
+    std::mt19937 random(20240611);
+    int seenEven = 0;
+    int seenOdd = 0;
+    for (int attempt = 0; attempt < 40; ++attempt) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) SaveForever(hg.game);
+        ::usleep(1000 + random() % 20000);
+        ASSERT_EQ(::kill(child, SIGKILL), 0);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        const auto line = ParseSettingsLine(ReadWhole(hg.folder / "Data.dat"));
+        ASSERT_TRUE(line.has_value()) << "attempt " << attempt;
+        const std::string& name = line->PlayerName;
+        if (name == std::string(20000, 'E') && line->PlayerWins == 2) {
+            ++seenEven;
+        } else if (name == "ooo" && line->PlayerWins == 1) {
+            ++seenOdd;
+        } else {
+            EXPECT_EQ(name, "first") << "attempt " << attempt;
+        }
+    }
+    // The kills came at many moments: both lines were caught whole.
+    EXPECT_GT(seenEven, 0);
+    EXPECT_GT(seenOdd, 0);
+}
+
+}  // namespace
+}  // namespace trickhaven

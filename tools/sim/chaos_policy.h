@@ -1,0 +1,50 @@
+// A player who clicks anything at any moment: any card, every meld and
+// marriage button, the knock, the sort, every menu command, with odd names
+// and every answer to the questions, while still playing mostly legal cards
+// so that games come to an end.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <random>
+#include <string>
+
+#include "game/game_state.h"
+#include "tests/headless/headless_table.h"
+#include "tests/headless/player_policy.h"
+
+namespace trickhaven {
+
+struct ChaosSettings {
+    // Whether an exit question may now and then be answered with leaving.
+    bool allowExit = false;
+    // One round in this many brings a "New Game" from the menu.
+    int newGameOdds = 4000;
+};
+
+class ChaosPolicy {
+public:
+    ChaosPolicy(std::uint64_t seed, ChaosSettings settings)
+        : settings_(settings), random_(seed), player_(PolicyKind::Random, seed ^ 0xC4A05ULL) {}
+
+    std::optional<TableEvent> Next(const Game& g);
+
+    // The answers to the boxes. playOn: the wanted games are not all played.
+    int AnswerDeluxe(const Game& g, const MessageRecord& message, bool playOn);
+    bool AnswerQuestion();
+    std::string AnswerInput();
+
+    long injected = 0;
+    long exitsTaken = 0;
+
+private:
+    TableEvent AnyEvent(const Game& g);
+    bool Chance(int percent);
+    int Below(int bound);
+
+    ChaosSettings settings_;
+    std::mt19937_64 random_;
+    PlayerPolicy player_;
+};
+
+}  // namespace trickhaven
