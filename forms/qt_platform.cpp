@@ -23,7 +23,10 @@ std::int32_t QtPlatform::TickCount() {
 
 void QtPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
     if (deadline) {
-        const std::int32_t left = *deadline - TickCount();
+        // Unsigned, so that a deadline across the wrap of the tick count
+        // still lies ahead.
+        const auto left = static_cast<std::int32_t>(static_cast<std::uint32_t>(*deadline) -
+                                                    static_cast<std::uint32_t>(TickCount()));
         if (left <= 0) {
             QCoreApplication::processEvents();
             return;

@@ -1,5 +1,7 @@
 #include "game/pacing.h"
 
+#include <algorithm>
+
 #include "data/data_file.h"
 #include "game/session.h"
 
@@ -7,12 +9,25 @@ namespace trickhaven {
 
 namespace {
 
+// The tick count wraps after some 24 days of uptime; the time gone by,
+// counted in unsigned arithmetic, stays right across the wrap.
+std::uint32_t TicksSince(std::int32_t start, std::int32_t now) {
+    return static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(start);
+}
+
+// The end is worked out afresh each round, from DelayStart and DelayMs as
+// they stand: a handler may have changed either.
 void WaitFromDelayStart(Game& g) {
-    std::int32_t now = g.platform.TickCount();
-    while (g.DelayStart + g.DelayMs > now) {
-        g.platform.ServeEvents(g.DelayStart + g.DelayMs);
+    for (;;) {
+        const std::int32_t now = g.platform.TickCount();
+        const auto length = static_cast<std::uint32_t>(std::max<int>(g.DelayMs, 0));
+        const std::uint32_t gone = TicksSince(g.DelayStart, now);
+        if (gone >= length) {
+            return;
+        }
+        g.platform.ServeEvents(
+            static_cast<std::int32_t>(static_cast<std::uint32_t>(now) + (length - gone)));
         CheckAbandoned(g);
-        now = g.platform.TickCount();
     }
 }
 

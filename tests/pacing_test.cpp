@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <limits>
 
 #include "game/session.h"
 #include "tests/headless/headless_game.h"
@@ -32,6 +33,16 @@ TEST(WaitDelay, EndsAfterItsLengthAndAZeroWaitServesNothing) {
     WaitDelay(g);
     EXPECT_EQ(hg.platform.rounds, rounds);
     EXPECT_EQ(hg.platform.TickCount() - start, 100);
+}
+
+TEST(WaitDelay, AWaitAcrossTheWrapOfTheTickCountEndsOnTime) {
+    HeadlessGame hg;
+    Game& g = hg.game;
+    hg.platform.SetClock(std::numeric_limits<std::int32_t>::max() - 40);
+    g.DelayMs = 100;
+    WaitDelay(g);
+    EXPECT_EQ(hg.platform.TickCount(), std::numeric_limits<std::int32_t>::min() + 59);
+    EXPECT_EQ(hg.platform.rounds, 1);
 }
 
 TEST(WaitDelay, AHandlerThatChangesDelayMsChangesTheWaitItInterrupted) {

@@ -1,7 +1,5 @@
 #include "tests/headless/headless_platform.h"
 
-#include <algorithm>
-
 #include "game/session.h"
 
 namespace trickhaven {
@@ -13,6 +11,10 @@ HeadlessPlatform::HeadlessPlatform(std::uint64_t seed) {
 void HeadlessPlatform::PlaySound(const std::string& file) {
     ++soundsPlayed;
     if (keepHistory) sounds.push_back(file);
+}
+
+void HeadlessPlatform::Advance(std::uint32_t milliseconds) {
+    now_ = static_cast<std::int32_t>(static_cast<std::uint32_t>(now_) + milliseconds);
 }
 
 void HeadlessPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
@@ -30,7 +32,7 @@ void HeadlessPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
     if (event) {
         // An event takes a millisecond, so a source that never rests still
         // lets the waits run out.
-        ++now_;
+        Advance(1);
         ++eventsServed;
         HandleEvent(*game, *event);
         if (afterEvent) {
@@ -41,7 +43,12 @@ void HeadlessPlatform::ServeEvents(std::optional<std::int32_t> deadline) {
     if (!deadline) {
         throw TableStuck{};
     }
-    now_ = std::max(now_, *deadline);
+    // The clock only goes forward, right across the wrap of the tick count.
+    const std::uint32_t ahead =
+        static_cast<std::uint32_t>(*deadline) - static_cast<std::uint32_t>(now_);
+    if (ahead < 0x80000000U) {
+        Advance(ahead);
+    }
 }
 
 }  // namespace trickhaven

@@ -49,6 +49,9 @@ public:
     std::function<void(const Game&, const TableEvent&)> afterEvent;
 
     // Every sound started, while keepHistory holds; long runs turn it off.
+    // Sets the virtual clock, as a machine up for weeks would have it.
+    void SetClock(std::int32_t now) { now_ = now; }
+
     std::vector<std::string> sounds;
     bool keepHistory = true;
     long soundsPlayed = 0;
@@ -56,6 +59,8 @@ public:
     long eventsServed = 0;
 
 private:
+    void Advance(std::uint32_t milliseconds);
+
     std::int32_t now_ = 0;
     CardRandom random_;
 };
