@@ -24,6 +24,8 @@ std::filesystem::path ToPath(const QString& folder) {
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Trickhaven");
+    // Lets the desktop match the window to the installed menu entry and icon.
+    QGuiApplication::setDesktopFileName("org.trickhaven.Trickhaven");
 
     const QString programFolder = QCoreApplication::applicationDirPath();
     trickhaven::PinochleTable table;

@@ -7,7 +7,14 @@
 #include <QPainterPath>
 #include <QStandardPaths>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <array>
+
+// The icon lives in the resources of a static library: nothing else would
+// bring it into the program.
+static void LoadIconResource() {
+    Q_INIT_RESOURCE(trickhaven_icons);
+}
 
 namespace trickhaven {
 
@@ -19,6 +26,9 @@ constexpr QSize kIconSize{32, 32};
 constexpr int kBackImage = 49;
 constexpr int kFirstSuitIcon = 50;
 constexpr int kLastImage = 53;
+// A window being resized asks for pictures at each new scale; only the
+// sets of the last three ratios are kept, so that they do not pile up.
+constexpr std::size_t kKeptRatios = 3;
 
 // Suits in the order of the card table: Diamonds, Clubs, Hearts, Spades.
 enum class Suit { Diamonds, Clubs, Hearts, Spades };
@@ -231,24 +241,13 @@ QPixmap SuitIcon(Suit suit, qreal devicePixelRatio) {
 }
 
 // The program's icon: a fan of three cards, the front one a spade.
-QPixmap DrawnProgramIcon(int side, qreal devicePixelRatio) {
+QPixmap RenderedProgramIcon(int side, qreal devicePixelRatio) {
+    LoadIconResource();
+    QSvgRenderer icon(QStringLiteral(":/icons/org.trickhaven.Trickhaven.svg"));
     QPixmap pixmap = BlankPixmap(QSize(side, side), devicePixelRatio);
     QPainter painter(&pixmap);
     Smooth(painter);
-    painter.scale(side / 64.0, side / 64.0);
-    const QRectF card(-15, -46, 30, 42);
-    for (int angle : {-24, 0, 24}) {
-        painter.save();
-        painter.translate(32, 60);
-        painter.rotate(angle);
-        painter.setPen(QPen(QColor(40, 40, 40), 1.5));
-        painter.setBrush(angle == 24 ? QColor(255, 255, 255) : QColor(170, 30, 45));
-        painter.drawRoundedRect(card, 3, 3);
-        if (angle == 24) {
-            DrawSuit(painter, Suit::Spades, card.adjusted(6, 9, -6, -9));
-        }
-        painter.restore();
-    }
+    icon.render(&painter, QRectF(0, 0, side, side));
     return pixmap;
 }
 
@@ -346,13 +345,31 @@ QPixmap CardArt::Image(int index, qreal devicePixelRatio) {
     if (index < 1 || index > kLastImage) {
         return {};
     }
-    const auto key = std::make_pair(index, devicePixelRatio);
-    if (const auto found = cache_.find(key); found != cache_.end()) {
+    auto set = std::find_if(cache_.begin(), cache_.end(), [devicePixelRatio](const auto& kept) {
+        return kept.first == devicePixelRatio;
+    });
+    if (set == cache_.end()) {
+        if (cache_.size() == kKeptRatios) {
+            cache_.erase(cache_.begin());
+        }
+        cache_.emplace_back(devicePixelRatio, std::map<int, QPixmap>{});
+    } else {
+        std::rotate(set, std::next(set), cache_.end());
+    }
+    std::map<int, QPixmap>& pictures = cache_.back().second;
+    if (const auto found = pictures.find(index); found != pictures.end()) {
         return found->second;
     }
     QPixmap picture = Render(index, devicePixelRatio);
-    cache_.emplace(key, picture);
+    pictures.emplace(index, picture);
     return picture;
+}
+
+QSize CardArt::ImageSize(int index) {
+    if (index >= kFirstSuitIcon) {
+        return kIconSize;
+    }
+    return index == kBackImage ? kBackSize : kFaceSize;
 }
 
 QPixmap CardArt::Render(int index, qreal devicePixelRatio) {
@@ -376,7 +393,7 @@ QPixmap CardArt::Render(int index, qreal devicePixelRatio) {
 QIcon CardArt::ProgramIcon() {
     QIcon icon;
     for (int side : {16, 24, 32, 48, 64, 128, 256}) {
-        icon.addPixmap(DrawnProgramIcon(side, 1.0));
+        icon.addPixmap(RenderedProgramIcon(side, 1.0));
     }
     return icon;
 }
@@ -388,7 +405,7 @@ QPixmap CardArt::MessageIcon(int index, qreal devicePixelRatio) {
         case 3:
             return Badge(QColor(0, 130, 110), QStringLiteral("i"), devicePixelRatio);
         default:
-            return DrawnProgramIcon(kIconSize.width(), devicePixelRatio);
+            return RenderedProgramIcon(kIconSize.width(), devicePixelRatio);
     }
 }
 

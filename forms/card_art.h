@@ -1,7 +1,7 @@
 // ImageList1 of the table: the 48 card faces, the back and the four suit
-// icons, rendered once per device pixel ratio and kept. Faces come from an
-// installed SVG deck of the desktop's card games; where none is installed
-// they are drawn in code.
+// icons, rendered once per device pixel ratio and kept for the few ratios
+// last asked for. Faces come from an installed SVG deck of the desktop's card
+// games; where none is installed they are drawn in code.
 #pragma once
 
 #include <QIcon>
@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <map>
 #include <memory>
+#include <vector>
 
 class QSvgRenderer;
 
@@ -26,8 +27,11 @@ public:
     // icons (Diamonds, Clubs, Hearts, Spades). Faces are 71 by 96 pixels,
     // the back 72 by 98, icons 32 by 32, all at the given ratio.
     QPixmap Image(int index, qreal devicePixelRatio);
+    // The size of an image in logical pixels, whatever the ratio.
+    static QSize ImageSize(int index);
 
-    // The program's own icon, for the window, the message box and About.
+    // The program's own icon, for the window, the message box and About:
+    // the same picture as the icon installed for the desktop's menus.
     static QIcon ProgramIcon();
     // Icons 2 and 3 of the message box: a question badge, an "i" badge; 1 is
     // the program's icon. 32 by 32.
@@ -46,7 +50,8 @@ private:
     QStringList deckFolders_;
     bool deckSearched_ = false;
     std::unique_ptr<QSvgRenderer> deck_;
-    std::map<std::pair<int, qreal>, QPixmap> cache_;
+    // Pictures by ratio, then by index; the ratio used last comes last.
+    std::vector<std::pair<qreal, std::map<int, QPixmap>>> cache_;
 };
 
 }  // namespace trickhaven

@@ -1,9 +1,9 @@
 #include "forms/card_picture.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <array>
 
+#include "forms/card_art.h"
 #include "forms/table_view.h"
 #include "forms/twips.h"
 #include "game/card_table.h"
@@ -18,12 +18,20 @@ QString CardName(int card) {
     return QString("%1 of %2").arg(ranks[rank], QString::fromStdString(SuitWord(suit)));
 }
 
-CardPicture::CardPicture(int card, QWidget* parent) : QWidget(parent), card_(card) {}
+CardPicture::CardPicture(int card, CardArt& art, QWidget* parent)
+    : QWidget(parent), card_(card), art_(art) {}
 
-void CardPicture::SetPicture(int image, const QPixmap& picture) {
+void CardPicture::SetImage(int image) {
+    // The logic lays whole hands afresh; a card that keeps its face is left
+    // alone rather than painted again.
+    if (image == image_) {
+        return;
+    }
     image_ = image;
-    picture_ = picture;
-    resize(picture.deviceIndependentSize().toSize());
+    resize(CardArt::ImageSize(image));
+    CardArt* art = &art_;
+    picture_.Set([art, image](qreal ratio) { return art->Image(image, ratio); },
+                 devicePixelRatioF());
     setAccessibleName(image == CardBackImage ? QStringLiteral("card back") : CardName(image));
     update();
 }
@@ -36,7 +44,7 @@ void CardPicture::MoveTo(int left, int top) {
 
 void CardPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
+    picture_.Paint(painter, rect());
 }
 
 void CardPicture::mousePressEvent(QMouseEvent*) {

@@ -1,22 +1,29 @@
 // PicCard(i): one card on the table. It has no border, takes the size of its
 // picture, keeps its place in twips as the logic set it, and hands a click
-// with either mouse button to the table.
+// with either mouse button to the table. Its picture comes from the table's
+// card art, rendered once per resolution and shared by every card showing
+// the same image.
 #pragma once
 
-#include <QPixmap>
 #include <QWidget>
 
+#include "forms/sharp_picture.h"
+
 namespace trickhaven {
+
+class CardArt;
 
 class CardPicture : public QWidget {
     Q_OBJECT
 public:
-    CardPicture(int card, QWidget* parent);
+    CardPicture(int card, CardArt& art, QWidget* parent);
 
     int Card() const { return card_; }
-    // The picture of image index 1..49; the accessible name says which.
-    void SetPicture(int image, const QPixmap& picture);
+    // Shows image index 1..49; the accessible name says which.
+    void SetImage(int image);
     int Image() const { return image_; }
+    // The picture as last painted, at the resolution it was painted at.
+    const QPixmap& Picture() const { return picture_.Current(); }
 
     void MoveTo(int left, int top);
     int Left() const { return left_; }
@@ -32,8 +39,9 @@ protected:
 
 private:
     int card_;
+    CardArt& art_;
     int image_ = 0;
-    QPixmap picture_;
+    SharpPicture picture_;
     int left_ = 0;
     int top_ = 0;
     bool pressed_ = false;

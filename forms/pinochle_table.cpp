@@ -11,6 +11,7 @@
 #include "forms/card_picture.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
+#include "forms/table_scaler.h"
 #include "forms/table_status_bar.h"
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
@@ -31,7 +32,7 @@ constexpr int DesignCardTop = 2880;
 }  // namespace
 
 PinochleTable::PinochleTable(QWidget* parent)
-    : QMainWindow(parent), surface_(new QWidget(this)), deluxe_(this) {
+    : QMainWindow(parent), surface_(new QWidget), deluxe_(this) {
     setObjectName("PinochleTable");
     setWindowIcon(CardArt::ProgramIcon());
     surface_->setObjectName("TableSurface");
@@ -40,17 +41,17 @@ PinochleTable::PinochleTable(QWidget* parent)
     surface_->setPalette(colours);
     surface_->setAutoFillBackground(true);
     surface_->setFont(DesignFont(TableFont));
-    setCentralWidget(surface_);
+    surface_->resize(TwipsToPixels(TableClientWidth), TwipsToPixels(TableClientHeight));
 
     BuildControls();
     statusBar_ = new TableStatusBar(surface_);
     BuildCards();
     BuildMenu();
+    setCentralWidget(new TableScaler(surface_, this));
 
     // The table takes no input while the game's own message box is up.
     deluxe_.setWindowModality(Qt::ApplicationModal);
-    resize(TwipsToPixels(TableClientWidth),
-           TwipsToPixels(TableClientHeight) + menuBar()->sizeHint().height());
+    resize(surface_->width(), surface_->height() + menuBar()->sizeHint().height());
 }
 
 void PinochleTable::SetEventHandler(TableEventHandler handler) {
@@ -93,9 +94,9 @@ void PinochleTable::BuildControls() {
 
 void PinochleTable::BuildCards() {
     for (int card = 1; card <= CardCount; ++card) {
-        auto* picture = new CardPicture(card, surface_);
+        auto* picture = new CardPicture(card, art_, surface_);
         picture->setObjectName(QString("PicCard%1").arg(card));
-        picture->SetPicture(CardBackImage, Picture(CardBackImage));
+        picture->SetImage(CardBackImage);
         picture->MoveTo(DesignCardLeft, DesignCardTop);
         connect(picture, &CardPicture::clicked, this, [this](int clicked) {
             Send({TableEventKind::CardClick, clicked});
@@ -148,10 +149,6 @@ CardPicture& PinochleTable::Card(int card) const {
     return *cards_.at(static_cast<std::size_t>(card));
 }
 
-QPixmap PinochleTable::Picture(int image) {
-    return art_.Image(image, devicePixelRatioF());
-}
-
 void PinochleTable::closeEvent(QCloseEvent* event) {
     event->ignore();
     Send({TableEventKind::CloseBox});
@@ -175,7 +172,7 @@ bool PinochleTable::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PinochleTable::SetCardImage(int card, int image) {
-    Card(card).SetPicture(image, Picture(image));
+    Card(card).SetImage(image);
 }
 
 void PinochleTable::MoveCard(int card, int left, int top) {
@@ -237,7 +234,8 @@ void PinochleTable::SetPanelText(int panel, const std::string& text) {
 }
 
 void PinochleTable::SetPanelPicture(int image) {
-    statusBar_->Panel(1).SetPicture(Picture(image));
+    statusBar_->Panel(1).SetPicture(
+        [this, image](qreal ratio) { return art_.Image(image, ratio); });
 }
 
 void PinochleTable::SetTitle(const std::string& text) {

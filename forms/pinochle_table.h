@@ -31,6 +31,9 @@ public:
     void SetMessageRing(std::function<void()> ring);
     // Shows the window in the middle of its screen.
     void ShowCentred();
+    // The table itself: the widget of fixed size that holds every card and
+    // control, shown scaled to the window as one picture.
+    QWidget* Surface() const { return surface_; }
 
     void SetCardImage(int card, int image) override;
     void MoveCard(int card, int left, int top) override;
@@ -78,7 +81,6 @@ private:
     void Send(TableEvent event);
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;
-    QPixmap Picture(int image);
 
     QWidget* surface_;
     TableStatusBar* statusBar_ = nullptr;

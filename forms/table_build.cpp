@@ -77,6 +77,11 @@ QWidget* BuildControl(const ControlDesign& design, QWidget* container) {
         ApplyLabelLook(design, *label);
     }
     widget->setToolTip(QString::fromUtf8(design.toolTip));
+    // Labels and buttons are named by their text as it changes; a panel by
+    // its caption, which a screen reader would not find in its border.
+    if (design.kind == ControlKind::Panel) {
+        widget->setAccessibleName(QString::fromUtf8(design.caption));
+    }
     widget->setVisible(design.visible);
     return widget;
 }

@@ -19,11 +19,13 @@ constexpr QColor BarFace(212, 208, 200);
 
 void StatusPanel::SetText(const QString& text) {
     text_ = text;
+    // A screen reader reads the commentary as it changes.
+    setAccessibleName(text);
     update();
 }
 
-void StatusPanel::SetPicture(const QPixmap& picture) {
-    picture_ = picture;
+void StatusPanel::SetPicture(SharpPicture::Source picture) {
+    picture_.Set(std::move(picture), devicePixelRatioF());
     update();
 }
 
@@ -31,10 +33,10 @@ void StatusPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     qDrawShadePanel(&painter, rect(), palette(), true, 1);
     QRect inside = rect().adjusted(3, 1, -2, -1);
-    if (!picture_.isNull()) {
-        const QSize size = picture_.deviceIndependentSize().toSize();
-        painter.drawPixmap(inside.left(), inside.top() + (inside.height() - size.height()) / 2,
-                           picture_);
+    if (!picture_.IsNull()) {
+        const QSize size = picture_.Current().deviceIndependentSize().toSize();
+        const QPoint corner(inside.left(), inside.top() + (inside.height() - size.height()) / 2);
+        picture_.Paint(painter, QRect(corner, size));
         inside.setLeft(inside.left() + size.width() + 3);
     }
     painter.setPen(palette().color(QPalette::WindowText));
@@ -43,6 +45,7 @@ void StatusPanel::paintEvent(QPaintEvent*) {
 
 TableStatusBar::TableStatusBar(QWidget* parent) : QWidget(parent) {
     setObjectName("StatusBar1");
+    setAccessibleName("Status bar");
     setGeometry(TwipsToPixels(StatusBarPlace.left, StatusBarPlace.top, StatusBarPlace.width,
                               StatusBarPlace.height));
     QPalette colours = palette();
@@ -68,7 +71,7 @@ TableStatusBar::TableStatusBar(QWidget* parent) : QWidget(parent) {
         left += design.width;
         ++number;
     }
-    Panel(1).SetPicture(CardArt::TrumpPanelPicture(devicePixelRatioF()));
+    Panel(1).SetPicture(&CardArt::TrumpPanelPicture);
 }
 
 StatusPanel& TableStatusBar::Panel(int panel) {

@@ -2,9 +2,10 @@
 // text and, for the first, the trumps' picture before it.
 #pragma once
 
-#include <QPixmap>
 #include <QWidget>
 #include <array>
+
+#include "forms/sharp_picture.h"
 
 namespace trickhaven {
 
@@ -16,15 +17,16 @@ public:
 
     void SetText(const QString& text);
     QString Text() const { return text_; }
-    void SetPicture(const QPixmap& picture);
-    const QPixmap& Picture() const { return picture_; }
+    void SetPicture(SharpPicture::Source picture);
+    // The picture as last painted, at the resolution it was painted at.
+    const QPixmap& Picture() const { return picture_.Current(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString text_;
-    QPixmap picture_;
+    SharpPicture picture_;
 };
 
 class TableStatusBar : public QWidget {

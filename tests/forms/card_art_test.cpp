@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <cstdlib>
 
 namespace trickhaven {
 namespace {
@@ -97,6 +101,67 @@ TEST(CardArtTest, EachPictureIsRenderedOncePerRatio) {
     const QPixmap first = art.Image(12, 2.0);
     EXPECT_EQ(art.Image(12, 2.0).cacheKey(), first.cacheKey());
     EXPECT_NE(art.Image(12, 1.0).cacheKey(), first.cacheKey());
+}
+
+TEST(CardArtTest, OnlyTheRatiosAskedForLastAreKept) {
+    QTemporaryDir empty;
+    CardArt art(empty.path());
+    const qint64 first = art.Image(12, 1.0).cacheKey();
+    const qint64 second = art.Image(12, 1.5).cacheKey();
+    art.Image(12, 2.0);
+    // Asking again makes 1.0 the newest; 1.5 is then the oldest and goes.
+    EXPECT_EQ(art.Image(12, 1.0).cacheKey(), first);
+    art.Image(3, 2.25);
+    EXPECT_EQ(art.Image(12, 1.0).cacheKey(), first);
+    EXPECT_NE(art.Image(12, 1.5).cacheKey(), second);
+}
+
+TEST(CardArtTest, ImageSizesDoNotDependOnTheRatio) {
+    QTemporaryDir empty;
+    CardArt art(empty.path());
+    for (int index = 1; index <= 53; ++index) {
+        EXPECT_EQ(CardArt::ImageSize(index), LogicalSize(index)) << index;
+        EXPECT_EQ(art.Image(index, 2.0).size(), LogicalSize(index) * 2) << index;
+    }
+}
+
+// The window shows the very icon that is installed for the desktop's menus.
+TEST(CardArtTest, TheProgramIconIsTheInstalledIcon) {
+    QSvgRenderer installed(QStringLiteral(TRICKHAVEN_ICON_FILE));
+    ASSERT_TRUE(installed.isValid());
+    for (int side : {32, 64, 256}) {
+        SCOPED_TRACE(testing::Message() << side);
+        QImage expected(side, side, QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Qt::transparent);
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        installed.render(&painter, QRectF(0, 0, side, side));
+        painter.end();
+        const QImage shown = CardArt::ProgramIcon()
+                                 .pixmap(side, side)
+                                 .toImage()
+                                 .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        ASSERT_EQ(shown.size(), expected.size());
+        int opaque = 0;
+        int differing = 0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const QColor a = shown.pixelColor(x, y);
+                const QColor b = expected.pixelColor(x, y);
+                opaque += a.alpha() > 200 ? 1 : 0;
+                const int gap =
+                    std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                              std::abs(a.blue() - b.blue()), std::abs(a.alpha() - b.alpha())});
+                differing += gap > 8 ? 1 : 0;
+            }
+        }
+        EXPECT_GT(opaque, side * side / 4);
+        EXPECT_EQ(differing, 0);
+    }
+    const QImage onMessage = CardArt::MessageIcon(1, 1.0).toImage();
+    EXPECT_EQ(
+        onMessage.convertToFormat(QImage::Format_ARGB32),
+        CardArt::ProgramIcon().pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32));
 }
 
 TEST(CardArtTest, IconsOfTheProgramAndTheMessages) {

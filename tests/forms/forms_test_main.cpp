@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QGraphicsProxyWidget>
+#include <QGraphicsView>
 #include <memory>
 
 #include "forms_test_support.h"
@@ -40,10 +42,20 @@ PinochleTable& DesignTable() {
     return *environment->designTable;
 }
 
-QWidget* FindControl(QWidget& table, const char* name) {
-    auto* control = table.findChild<QWidget*>(name);
+QWidget* FindControl(QWidget& form, const char* name) {
+    // The table's controls lie on its surface, which the window shows scaled.
+    auto* table = qobject_cast<PinochleTable*>(&form);
+    auto* control = (table ? *table->Surface() : form).findChild<QWidget*>(name);
     EXPECT_NE(control, nullptr) << name;
     return control;
+}
+
+QPoint WindowSpot(PinochleTable& table, const QWidget& control, QPoint local) {
+    QWidget* surface = table.Surface();
+    const QPoint onSurface = control.mapTo(surface, local);
+    auto* view = table.findChild<QGraphicsView*>();
+    const QPointF inScene = surface->graphicsProxyWidget()->mapToScene(QPointF(onSurface));
+    return view->viewport()->mapTo(&table, view->mapFromScene(inScene));
 }
 
 }  // namespace trickhaven

@@ -12,8 +12,12 @@ namespace trickhaven {
 // A table fresh from its design, shown, that no test changes.
 PinochleTable& DesignTable();
 
-// A control of a table by its design name; fails the test when missing.
-QWidget* FindControl(QWidget& table, const char* name);
+// A control of a form by its design name; fails the test when missing.
+QWidget* FindControl(QWidget& form, const char* name);
+
+// Where a point of a control on the table lies in the table's window, through
+// the scaling of the table; for clicks as the screen delivers them.
+QPoint WindowSpot(PinochleTable& table, const QWidget& control, QPoint local);
 
 // Collects what a table sends.
 struct EventLog {

@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ControlDesignTest, ::testing::ValuesIn(Rows),
 
 TEST(TableDesignTest, ClientAreaAndStatusBarLieWhereTheDesignPutsThem) {
     PinochleTable& table = DesignTable();
-    QWidget* surface = table.centralWidget();
+    QWidget* surface = table.Surface();
     ExpectTwips("client width", 12885, surface->width());
     ExpectTwips("client height", 12180, surface->height());
     EXPECT_EQ(surface->palette().color(QPalette::Window).rgb(), qRgb(0, 64, 64));

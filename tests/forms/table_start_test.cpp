@@ -2,6 +2,7 @@
 // menu tree, and what every menu entry and the close box hand to the logic.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -27,10 +28,36 @@ TEST(TableStartTest, OnlyTheDesignsVisibleControlsShow) {
     }
 }
 
+// A screen reader finds a name for every control a player can see or click.
+TEST(TableStartTest, EveryControlHasAnAccessibleName) {
+    PinochleTable& table = DesignTable();
+    int named = 0;
+    // The controls of the table; lines and outlines only decorate it.
+    for (QWidget* control : table.Surface()->findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("Line") ||
+            name.startsWith("Shape")) {
+            continue;
+        }
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(control);
+        ASSERT_NE(reader, nullptr) << control->objectName().toStdString();
+        EXPECT_FALSE(reader->text(QAccessible::Name).trimmed().isEmpty())
+            << control->objectName().toStdString();
+        ++named;
+    }
+    EXPECT_GT(named, 100);
+    table.SetCardImage(7, 7);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(FindControl(table, "PicCard7"))
+                  ->text(QAccessible::Name),
+              "Queen of Diamonds");
+    table.SetCardImage(7, CardBackImage);
+}
+
 TEST(TableStartTest, AllCardsLieFaceDownOnTheDesignPile) {
     PinochleTable& table = DesignTable();
     for (int card = 1; card <= 48; ++card) {
-        const auto* picture = table.findChild<CardPicture*>(QString("PicCard%1").arg(card));
+        const auto* picture =
+            table.Surface()->findChild<CardPicture*>(QString("PicCard%1").arg(card));
         ASSERT_NE(picture, nullptr) << card;
         EXPECT_TRUE(picture->isVisible()) << card;
         EXPECT_EQ(table.CardLeft(card), 9000);
@@ -144,7 +171,8 @@ TEST(TableCloseTest, TheCloseBoxOnlyAsksTheLogicAndTheWindowStays) {
     EXPECT_EQ(log.events, std::vector<TableEvent>{TableEvent{TableEventKind::CloseBox}});
     EXPECT_TRUE(table.isVisible());
     for (int card = 1; card <= 48; ++card) {
-        EXPECT_TRUE(table.findChild<QWidget*>(QString("PicCard%1").arg(card))->isVisible());
+        EXPECT_TRUE(
+            table.Surface()->findChild<QWidget*>(QString("PicCard%1").arg(card))->isVisible());
     }
 }
 

@@ -130,9 +130,9 @@ TEST_F(TableViewTest, TheLastCardBroughtToFrontCoversTheOthers) {
     table.MoveCard(2, 3000, 3000);
     const QPoint spot(210, 210);
     table.BringCardToFront(1);
-    EXPECT_EQ(table.centralWidget()->childAt(spot), Card(1));
+    EXPECT_EQ(table.Surface()->childAt(spot), Card(1));
     table.BringCardToFront(2);
-    EXPECT_EQ(table.centralWidget()->childAt(spot), Card(2));
+    EXPECT_EQ(table.Surface()->childAt(spot), Card(2));
 }
 
 TEST_F(TableViewTest, ControlsShowHideAndComeToTheFront) {
@@ -151,10 +151,10 @@ TEST_F(TableViewTest, ControlsShowHideAndComeToTheFront) {
     QWidget* reminder = FindControl(table, "FramMeldHelp");
     QWidget* declare = FindControl(table, "FramDeclare");
     table.BringControlToFront(TableControl::FramMeldHelp);
-    QWidget* top = table.centralWidget()->childAt(overlap);
+    QWidget* top = table.Surface()->childAt(overlap);
     EXPECT_TRUE(top == reminder || reminder->isAncestorOf(top));
     table.BringControlToFront(TableControl::FramDeclare);
-    top = table.centralWidget()->childAt(overlap);
+    top = table.Surface()->childAt(overlap);
     EXPECT_TRUE(top == declare || declare->isAncestorOf(top));
 }
 
@@ -189,11 +189,12 @@ TEST_F(TableViewTest, NameLabelsTakeTheWidthOfTheirText) {
 TEST_F(TableViewTest, StatusPanelsShowTheirTextsAndTheTrumpPicture) {
     for (int panel = 1; panel <= 4; ++panel) {
         table.SetPanelText(panel, "text " + std::to_string(panel));
-        const auto* shown = table.findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
+        const auto* shown =
+            table.Surface()->findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
         ASSERT_NE(shown, nullptr);
         EXPECT_EQ(shown->Text(), QString("text %1").arg(panel));
     }
-    const auto* trumps = table.findChild<StatusPanel*>("StatusBar1Panel1");
+    const auto* trumps = table.Surface()->findChild<StatusPanel*>("StatusBar1Panel1");
     const qreal ratio = table.devicePixelRatioF();
     EXPECT_EQ(trumps->Picture().toImage(), CardArt::TrumpPanelPicture(ratio).toImage());
     table.SetPanelPicture(53);
@@ -234,7 +235,7 @@ TEST_F(TableViewTest, TheDeluxeMessageRingsAndHoldsTheTableUntilAnswered) {
     table.MoveCard(3, 3000, 6000);
     // A click as the screen delivers it, so that a modal box can stop it.
     const auto clickCardThree = [this] {
-        const QPoint spot = Card(3)->mapTo(&table, Card(3)->rect().center());
+        const QPoint spot = WindowSpot(table, *Card(3), Card(3)->rect().center());
         QTest::mouseClick(table.windowHandle(), Qt::LeftButton, {}, spot);
     };
     clickCardThree();
