@@ -6,8 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 
@@ -17,11 +15,6 @@
 namespace trickhaven {
 namespace {
 
-std::string ReadWhole(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
     HeadlessGame hg;
     Game& g = hg.game;
@@ -30,8 +23,8 @@ TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
     g.GameStats = {0, 5, 7};
     SaveData(g);
     SaveAllData(g);
-    const std::string data = ReadWhole(hg.folder / "Data.dat");
-    const std::string all = ReadWhole(hg.folder / "All.dat");
+    const std::string data = FileBytes(hg.folder / "Data.dat");
+    const std::string all = FileBytes(hg.folder / "All.dat");
     ASSERT_EQ(data, "5,7,100,\"Ann\",\"Lorinda\",0\r\n");
     ASSERT_EQ(all, data);
     // A folder where the temporary copies go makes every write fail.
@@ -41,13 +34,13 @@ TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
     g.GameStats = {0, 6, 7};
     SaveData(g);
     SaveAllData(g);
-    EXPECT_EQ(ReadWhole(hg.folder / "Data.dat"), data);
-    EXPECT_EQ(ReadWhole(hg.folder / "All.dat"), all);
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), data);
+    EXPECT_EQ(FileBytes(hg.folder / "All.dat"), all);
     EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "anything"));
     // Once the way is clear the next save writes the new line.
     std::filesystem::remove(hg.folder / "Data.dat.tmp");
     SaveData(g);
-    const auto line = ParseSettingsLine(ReadWhole(hg.folder / "Data.dat"));
+    const auto line = ParseSettingsLine(FileBytes(hg.folder / "Data.dat"));
     ASSERT_TRUE(line.has_value());
     EXPECT_EQ(line->PlayerName, g.PlayerName);
     EXPECT_EQ(line->PlayerWins, 6);
@@ -80,7 +73,7 @@ TEST(DataFaults, AKillInTheMiddleOfSavingLeavesAWholeFile) {
         int status = 0;
         ASSERT_EQ(::waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFSIGNALED(status));
-        const auto line = ParseSettingsLine(ReadWhole(hg.folder / "Data.dat"));
+        const auto line = ParseSettingsLine(FileBytes(hg.folder / "Data.dat"));
         ASSERT_TRUE(line.has_value()) << "attempt " << attempt;
         const std::string& name = line->PlayerName;
         if (name == std::string(20000, 'E') && line->PlayerWins == 2) {

@@ -13,11 +13,6 @@
 namespace trickhaven {
 namespace {
 
-std::string ReadAll(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 void WriteRaw(const std::filesystem::path& file, const std::string& bytes) {
     std::ofstream(file, std::ios::binary) << bytes;
 }
@@ -28,7 +23,7 @@ TEST(DataFile, TheDefaultLineByteForByte) {
     WriteRaw(hg.folder / "Data.dat", "");
     Form_Load(hg.game);
     SaveData(hg.game);
-    EXPECT_EQ(ReadAll(hg.folder / "Data.dat"), "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
 }
 
 TEST(DataFile, NamesWithCommasBlanksAndLettersBeyondAsciiSurviveASaveAndAReload) {
@@ -111,12 +106,12 @@ TEST(DataFile, AFailedWriteLeavesTheOldFileWholeAndNoLitter) {
     std::filesystem::create_directory(hg.folder / "Data.dat.tmp");
     hg.game.PlayerName = "New";
     SaveData(hg.game);
-    EXPECT_EQ(ReadAll(hg.folder / "Data.dat"), old);
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), old);
     EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "x"));
 
     std::filesystem::remove(hg.folder / "Data.dat.tmp");
     SaveData(hg.game);
-    EXPECT_EQ(ReadAll(hg.folder / "Data.dat"), "0,0,100,\"New\",\"\",0\r\n");
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "0,0,100,\"New\",\"\",0\r\n");
     EXPECT_FALSE(std::filesystem::exists(hg.folder / "Data.dat.tmp"));
 }
 
@@ -135,12 +130,12 @@ TEST(DataFolder, AnInstalledGameKeepsItsFilesInTheUsersFolderFromACopy) {
     EXPECT_FALSE(std::filesystem::exists(user)) << "a writable program folder is used as it is";
 
     EXPECT_EQ(ChooseDataFolder(program, false, user), user);
-    EXPECT_EQ(ReadAll(user / "Data.dat"), ReadAll(program / "Data.dat"));
+    EXPECT_EQ(FileBytes(user / "Data.dat"), FileBytes(program / "Data.dat"));
 
     // The user's own file is never overwritten by the installed one.
     WriteRaw(user / "Data.dat", "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
     ChooseDataFolder(program, false, user);
-    EXPECT_EQ(ReadAll(user / "Data.dat"), "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
+    EXPECT_EQ(FileBytes(user / "Data.dat"), "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
 }
 
 }  // namespace

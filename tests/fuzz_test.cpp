@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "data/data_file.h"
@@ -17,11 +15,6 @@
 
 namespace trickhaven {
 namespace {
-
-std::string ReadWhole(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 SimOptions ChaosRun(std::uint64_t seed, long games) {
     SimOptions options;
@@ -64,7 +57,7 @@ TEST(ChaosFaults, EveryFailedWriteLeavesDataDatAsItWasAndPlayGoesOn) {
     const SimReport report = Simulate(options);
     EXPECT_EQ(report.violations, 0) << Notes(report);
     EXPECT_EQ(report.games, 3);
-    EXPECT_EQ(ReadWhole(folder / "Data.dat"), before);
+    EXPECT_EQ(FileBytes(folder / "Data.dat"), before);
     EXPECT_FALSE(std::filesystem::exists(folder / "All.dat"));
     // The run clears away what it put in the way of the writes.
     EXPECT_FALSE(std::filesystem::exists(folder / "Data.dat.tmp"));

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <limits>
 
 #include "game/session.h"
@@ -13,11 +12,6 @@
 
 namespace trickhaven {
 namespace {
-
-std::string ReadAll(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 TEST(WaitDelay, EndsAfterItsLengthAndAZeroWaitServesNothing) {
     HeadlessGame hg;
@@ -74,7 +68,7 @@ TEST(WaitDelay, AMenuCommandIsServedInsideTheWaitAndLeavesItsLength) {
     ASSERT_EQ(hg.table.Messages().size(), 1U);
     EXPECT_EQ(hg.table.Messages()[0].kind, "plain");
     EXPECT_EQ(hg.table.Messages()[0].title, "Trickhaven");
-    EXPECT_EQ(ReadAll(hg.folder / "Data.dat").substr(0, 7), "0,0,25,");
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat").substr(0, 7), "0,0,25,");
 }
 
 TEST(WaitDealSound, StartsTheCardSoundThenWaits) {
@@ -108,7 +102,7 @@ TEST(SpeedCommands, SetTheSpeedStoreItAndSayHow) {
         HandleEvent(hg.game, {c.command});
         EXPECT_EQ(hg.game.GameSpeed, c.speed);
         EXPECT_EQ(hg.table.Messages().back().text, c.message);
-        EXPECT_EQ(ReadAll(hg.folder / "Data.dat"),
+        EXPECT_EQ(FileBytes(hg.folder / "Data.dat"),
                   "0,0," + std::to_string(c.speed) + ",\"Player\",\"\",0\r\n");
     }
 }

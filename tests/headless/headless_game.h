@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "game/game_state.h"
 #include "tests/headless/headless_platform.h"
@@ -24,5 +25,8 @@ struct HeadlessGame {
     Game game;
     std::filesystem::path folder;
 };
+
+// The whole content of a file, or the empty text when it can't be read.
+std::string FileBytes(const std::filesystem::path& file);
 
 }  // namespace trickhaven
