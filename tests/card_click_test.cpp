@@ -4,352 +4,171 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include <functional>
+#include <tuple>
 
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-const int KH = CardIndex(King, Hearts), AH = CardIndex(Ace, Hearts), NH = CardIndex(Nine, Hearts);
-const int AS = CardIndex(Ace, Spades), QS = CardIndex(Queen, Spades), JS = CardIndex(Jack, Spades);
-const int TC = CardIndex(Ten, Clubs), KC = CardIndex(King, Clubs), NC = CardIndex(Nine, Clubs);
-const int AD = CardIndex(Ace, Diamonds), JD = CardIndex(Jack, Diamonds);
+constexpr int TC = CardIndex(Ten, Clubs), TD = CardIndex(Ten, Diamonds);
 
-// A trick of Round One awaiting the player's card: Hearts are trumps, the up
-// card is the Nine of Clubs, the robot has led the King of Hearts.
-struct ClickTable {
-    ClickTable() {
-        Game& g = hg.game;
-        ClearTable(g);
-        g.GameOn = true;
-        g.RoundOneOn = true;
-        g.PlayerName = "Ann";
-        g.OpponentName = "Lorinda";
-        g.TrumpSuit = Hearts;
-        g.TrickCount = 4;
-        g.UpCard = NC;
-        Card(g, NC).Place = PlaceUpCard;
-        PlaceCards(g, PlacePlayerHand, {AS, QS, JS, TC, AD, AH + 1});
-        PlaceCards(g, PlaceOpponentHand, {KC, JD, AH});
+// Hearts are trumps, the Nine of Clubs is turned up, the robot has led the
+// King of Hearts and the player's card is awaited.
+struct ClickTable : RoundOneTable {
+    ClickTable() : RoundOneTable(Hearts, NC) {
+        Give(ThePlayer, {AS, QS1, JS, TC, AD, Second(AH)});
+        Give(TheRobot, {KC, JD1, AH});
         PlaceCards(g, PlacePlayed, {KH, NH});
         g.Leader = TheRobot;
         g.LeadCard = KH;
         g.LeadSuit = Hearts;
         g.PlayerMayPlay = true;
-        g.DelayMs = g.GameSpeed;
     }
     const std::vector<MessageRecord>& Messages() const { return hg.table.Messages(); }
-    HeadlessGame hg;
-};
 
-struct Refusal {
-    std::string name;
-    int card;
-    std::string text;
-    std::string button;
-    std::string title;
-};
-
-class ClickRefused : public ::testing::TestWithParam<Refusal> {};
-
-TEST_P(ClickRefused, AnswersWithItsMessageAndKeepsTheTurnOpen) {
-    const Refusal& c = GetParam();
-    ClickTable table;
-    Game& g = table.hg.game;
-    Card(g, JD).Melded = true;
-    table.hg.table.SetCardImage(KH, CardBackImage);
-    const int placeBefore = Card(g, c.card).Place;
-    PicCard_Click(g, c.card);
-    ASSERT_EQ(table.Messages().size(), 1U);
-    const MessageRecord& box = table.Messages().front();
-    EXPECT_EQ(box.kind, "deluxe");
-    EXPECT_EQ(box.text, c.text);
-    EXPECT_EQ(box.buttons, (std::array<std::string, 3>{c.button, "", ""}));
-    EXPECT_EQ(box.icon, 3);
-    EXPECT_EQ(box.title, c.title);
-    EXPECT_TRUE(g.PlayerMayPlay);
-    EXPECT_EQ(Card(g, c.card).Place, placeBefore);
-    EXPECT_EQ(g.FollowCard, 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ClickRefused,
-    ::testing::Values(Refusal{"RobotsCard", KC,
-                              "Ann You really musn't try to look at Lorinda card you know!",
-                              "Just Peeping", "Tut Tut"},
-                      Refusal{"RobotsMeldedCard", JD,
-                              "Ann You really musn't try to look at Lorinda card you know!",
-                              "Just Peeping", "Tut Tut"},
-                      Refusal{"CardOnTheTrickPile", KH,
-                              "Ann These cards have been played and are now out of the hand.",
-                              "Right", "Cards out of game"},
-                      Refusal{"UpCard", NC,
-                              "Ann This is the UpCard Nine of Clubs and the suit is trumps",
-                              "Right", "The Up Card"}),
-    [](const ::testing::TestParamInfo<Refusal>& info) { return info.param.name; });
-
-struct Ignored {
-    std::string name;
-    int card;
-    void (*arrange)(ClickTable&);
-};
-
-class ClickIgnored : public ::testing::TestWithParam<Ignored> {};
-
-TEST_P(ClickIgnored, SaysAndPlaysNothing) {
-    const Ignored& c = GetParam();
-    ClickTable table;
-    Game& g = table.hg.game;
-    c.arrange(table);
-    const bool mayPlay = g.PlayerMayPlay;
-    const int placeBefore = Card(g, c.card).Place;
-    const CardPicture before = table.hg.table.Picture(c.card);
-    PicCard_Click(g, c.card);
-    EXPECT_TRUE(table.Messages().empty());
-    EXPECT_EQ(g.PlayerMayPlay, mayPlay);
-    EXPECT_EQ(Card(g, c.card).Place, placeBefore);
-    EXPECT_EQ(table.hg.table.Picture(c.card).left, before.left);
-    EXPECT_EQ(g.FollowCard, 0);
-    EXPECT_EQ(table.hg.platform.TickCount(), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ClickIgnored,
-    ::testing::Values(
-        Ignored{"NoGameOn", AS, [](ClickTable& t) { t.hg.game.GameOn = false; }},
-        Ignored{"RobotsCardOutOfTurn", KC, [](ClickTable& t) { t.hg.game.PlayerMayPlay = false; }},
-        Ignored{"PlayedCardOutOfTurn", KH, [](ClickTable& t) { t.hg.game.PlayerMayPlay = false; }},
-        Ignored{"OwnCardOutOfTurn", AS, [](ClickTable& t) { t.hg.game.PlayerMayPlay = false; }},
-        Ignored{"StockCard", CardIndex(Ten, Diamonds), [](ClickTable&) {}},
-        Ignored{
-            "OwnCardWhileMeldPanelShows", AS,
-            [](ClickTable& t) { t.hg.table.SetControlVisible(TableControl::FramDeclare, true); }},
-        Ignored{"OwnCardWhileAMeldIsAwaited", AS,
-                [](ClickTable& t) { t.hg.game.MeldAwaited = true; }},
-        Ignored{"OwnCardWhileRoundOneCloses", AS,
-                [](ClickTable& t) { t.hg.game.RoundOneClosing = true; }},
-        Ignored{"UpCardInTrickTwelve", NC, [](ClickTable& t) { t.hg.game.TrickCount = 12; }}),
-    [](const ::testing::TestParamInfo<Ignored>& info) { return info.param.name; });
-
-TEST(CardClick, RobotsCardStillRefusedWhileMeldPanelShows) {
-    ClickTable table;
-    table.hg.table.SetControlVisible(TableControl::FramDeclare, true);
-    PicCard_Click(table.hg.game, KC);
-    ASSERT_EQ(table.Messages().size(), 1U);
-    EXPECT_EQ(table.Messages().front().title, "Tut Tut");
-}
-
-TEST(CardClick, RoundOneAnswersAKingOfHeartsWithAnyCard) {
-    for (const int card : {AS, TC, AD}) {
-        ClickTable table;
-        Game& g = table.hg.game;
-        g.GameSpeed = 25;
+    // Clicks the card with clicks on three other cards of the hand waiting,
+    // one for each wait of the flight, which play nothing; gives where the
+    // card lay in the first wait.
+    int ClickAndLookIntoTheWait(int card) {
+        int place = 0;
+        for (const int other : {JS, QS1, Second(AH)}) {
+            hg.platform.script.push_back({TableEventKind::CardClick, other});
+        }
+        hg.platform.afterEvent = [&](const Game& game, const TableEvent&) {
+            if (place == 0) place = Card(game, card).Place;
+        };
         PicCard_Click(g, card);
-        EXPECT_TRUE(table.Messages().empty());
-        EXPECT_EQ(g.FollowCard, card);
-        EXPECT_EQ(g.FollowSuit, Card(g, card).Suit);
-        EXPECT_EQ(g.LeadCard, KH);
-        EXPECT_FALSE(g.PlayerMayPlay);
-        EXPECT_EQ(Card(g, card).Place, PlacePlayed);
-        const CardPicture& picture = table.hg.table.Picture(card);
-        EXPECT_EQ(picture.left, 11760);
-        EXPECT_EQ(picture.top, 4680);
-        EXPECT_EQ(picture.image, card);
-        EXPECT_EQ(g.DelayMs, 25);
-        EXPECT_EQ(table.hg.table.PanelText(2), "Ann is playing " + Card(g, card).Name);
+        EXPECT_TRUE(hg.platform.script.empty());
+        for (const int other : {JS, QS1, Second(AH)}) {
+            EXPECT_EQ(Card(g, other).Place, g.RoundOneOn ? PlacePlayerHand : PlacePlayed);
+        }
+        return place;
     }
+};
+
+// The box of a refusal: text, its one button, title.
+using Box = std::tuple<std::string, std::string, std::string>;
+
+void ExpectRefusal(const ClickTable& t, const Box& expected) {
+    ASSERT_EQ(t.Messages().size(), 1U);
+    const MessageRecord& box = t.Messages()[0];
+    EXPECT_EQ(Box(box.text, box.buttons[0], box.title), expected);
+    EXPECT_EQ(std::tuple(box.kind, box.buttons[1] + box.buttons[2], box.icon),
+              std::tuple("deluxe", "", 3));
+    EXPECT_TRUE(t.g.PlayerMayPlay);
 }
 
-TEST(CardClick, PlayerLeadIsRecordedAsTheLead) {
-    ClickTable table;
-    Game& g = table.hg.game;
-    g.Leader = ThePlayer;
-    g.LeadCard = 0;
-    g.LeadSuit = NoSuit;
-    PicCard_Click(g, QS);
-    EXPECT_EQ(g.LeadCard, QS);
-    EXPECT_EQ(g.LeadSuit, Spades);
-    EXPECT_EQ(g.FollowCard, 0);
-}
-
-TEST(CardClick, MeldedCardOfTheHandCanBePlayed) {
-    ClickTable table;
-    Game& g = table.hg.game;
-    Card(g, QS).Melded = true;
-    PicCard_Click(g, QS);
-    EXPECT_EQ(Card(g, QS).Place, PlacePlayed);
-    EXPECT_FALSE(Card(g, QS).Melded);
-    EXPECT_EQ(g.FollowCard, QS);
-}
-
-TEST(CardClick, FlightTakesItsWaitsAndTheCardFliesFromTheHand) {
-    ClickTable table;
-    Game& g = table.hg.game;
-    g.GameSpeed = 100;
-    g.DelayMs = 100;
-    // A harmless click on the stock during the first wait shows the card
-    // still in the hand while Round One announces it.
-    table.hg.platform.script.push_back({TableEventKind::CardClick, CardIndex(Ten, Diamonds)});
-    int placeDuringFirstWait = 0;
-    table.hg.platform.afterEvent = [&](const Game& game, const TableEvent&) {
-        placeDuringFirstWait = Card(game, AS).Place;
+TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
+    const auto none = [](ClickTable&) {};
+    const auto panelUp = [](ClickTable& t) {
+        Card(t.g, JD1).Melded = true;
+        t.hg.table.SetControlVisible(TableControl::FramDeclare, true);
     };
-    PicCard_Click(g, AS);
-    EXPECT_EQ(placeDuringFirstWait, PlacePlayerHand);
-    // WaitDelay at 100, then the two hops at 100 + 300.
-    EXPECT_EQ(table.hg.platform.TickCount(), 100 + 400 + 400);
-    EXPECT_EQ(table.hg.platform.sounds, std::vector<std::string>{"carddeal1.wav"});
-}
-
-TEST(CardClick, SecondClickDuringTheFlightPlaysNothing) {
-    for (const int leader : {ThePlayer, TheRobot}) {
-        ClickTable table;
-        Game& g = table.hg.game;
-        g.Leader = leader;
-        // One more click in each of the flight's waits.
-        for (const int card : {TC, AD, JS}) {
-            table.hg.platform.script.push_back({TableEventKind::CardClick, card});
+    const Box peep{"Ada You really musn't try to look at Lorinda card you know!", "Just Peeping",
+                   "Tut Tut"};
+    const Box played{"Ada These cards have been played and are now out of the hand.", "Right",
+                     "Cards out of game"};
+    const Box up{"Ada This is the UpCard Nine of Clubs and the suit is trumps", "Right",
+                 "The Up Card"};
+    // The card, what is arranged first, and the refusal (none: ignored).
+    using Row = std::tuple<const char*, int, std::function<void(ClickTable&)>, Box>;
+    for (const auto& [what, card, arrange, refusal] : std::vector<Row>{
+             {"robot's card", KC, none, peep},
+             {"robot's melded card, meld panel up", JD1, panelUp, peep},
+             {"card on the trick", KH, none, played},
+             {"up card", NC, none, up},
+             {"no game", AS, [](ClickTable& t) { t.g.GameOn = false; }, {}},
+             {"robot's card out of turn", KC, [](ClickTable& t) { t.g.PlayerMayPlay = false; }, {}},
+             {"stock card", TD, none, {}},
+             {"own card, meld panel up", AS, panelUp, {}},
+             {"own card, meld awaited", AS, [](ClickTable& t) { t.g.MeldAwaited = true; }, {}},
+             {"own card, Round One closing",
+              AS,
+              [](ClickTable& t) { t.g.RoundOneClosing = true; },
+              {}},
+             {"up card in trick 12", NC, [](ClickTable& t) { t.g.TrickCount = 12; }, {}}}) {
+        SCOPED_TRACE(what);
+        ClickTable t;
+        arrange(t);
+        const int place = Card(t.g, card).Place;
+        PicCard_Click(t.g, card);
+        EXPECT_EQ(Card(t.g, card).Place, place);
+        EXPECT_EQ(std::tuple(t.g.LeadCard, t.g.FollowCard), std::tuple(KH, 0));
+        EXPECT_EQ(t.hg.platform.TickCount(), 0);
+        if (std::get<2>(refusal).empty()) {
+            EXPECT_TRUE(t.Messages().empty());
+        } else {
+            ExpectRefusal(t, refusal);
         }
-        PicCard_Click(g, AS);
-        EXPECT_TRUE(table.hg.platform.script.empty());
-        EXPECT_EQ(Card(g, AS).Place, PlacePlayed);
-        for (const int card : {TC, AD, JS}) {
-            EXPECT_EQ(Card(g, card).Place, PlacePlayerHand) << card;
-        }
-        EXPECT_EQ(leader == ThePlayer ? g.LeadCard : g.FollowCard, AS);
-        EXPECT_TRUE(table.Messages().empty());
     }
 }
 
-// Round Two: Hearts trumps, the robot has led a Club unless said otherwise.
-struct RoundTwoClick {
-    RoundTwoClick(std::initializer_list<int> hand, int led) {
-        Game& g = table.hg.game;
-        for (int card = 1; card <= CardCount; ++card) {
-            Card(g, card).Place = PlacePlayed;
-        }
-        PlaceCards(g, PlacePlayerHand, hand);
+TEST(CardClick, RoundOnePlaysAnyCardOnceAndItLeavesTheHandAfterTheFirstWait) {
+    for (const auto& [card, leader] : {std::pair{AS, ThePlayer}, {TC, TheRobot}, {AD, TheRobot}}) {
+        ClickTable t;
+        t.g.Leader = leader;
+        t.g.GameSpeed = t.g.DelayMs = 25;
+        Card(t.g, card).Melded = true;
+        EXPECT_EQ(t.ClickAndLookIntoTheWait(card), PlacePlayerHand);
+        EXPECT_TRUE(t.Messages().empty());
+        const bool led = leader == ThePlayer;
+        EXPECT_EQ(std::tuple(t.g.LeadCard, t.g.FollowCard),
+                  std::tuple(led ? card : KH, led ? 0 : card));
+        EXPECT_EQ(led ? t.g.LeadSuit : t.g.FollowSuit, Card(t.g, card).Suit);
+        EXPECT_EQ(std::tuple(Card(t.g, card).Place, Card(t.g, card).Melded, t.g.PlayerMayPlay),
+                  std::tuple(PlacePlayed, false, false));
+        const CardPicture& p = t.hg.table.Picture(card);
+        EXPECT_EQ(std::tuple(p.left, p.top, p.image), std::tuple(11760, 4680, card));
+        EXPECT_EQ(t.hg.table.PanelText(2), "Ada is playing " + Card(t.g, card).Name);
+        EXPECT_EQ(t.g.DelayMs, 25);
+        EXPECT_EQ(t.hg.platform.TickCount(), 25 + 2 * (25 + 300));
+        EXPECT_EQ(t.hg.platform.sounds, std::vector<std::string>{"carddeal1.wav"});
+    }
+}
+
+TEST(RoundTwoClick, FollowSuitElseTrumpAndTheCardLeavesTheHandInItsTurn) {
+    const Box follow{"Ada You have a card of the same suit and must play it.", "Ah Right",
+                     "Must follow suit."};
+    const Box trump{"Ada You have a Trump and must play it.", "O.K", "You have a Trump"};
+    // The hand (its first card is kept), the card led by the robot (none: the
+    // player leads), the card refused and its box, the card played (melded)
+    // and where it lies in the first wait.
+    using Row = std::tuple<const char*, std::vector<int>, int, int, Box, int, int>;
+    for (const auto& [what, hand, led, refused, refusal, played, placeInWait] :
+         std::vector<Row>{{"must follow suit", {KH, AS, NH}, AH, AS, follow, NH, PlacePlayerHand},
+                          {"must trump", {AD, NH, AS}, KC, AD, trump, NH, PlacePlayed},
+                          {"neither suit nor trump", {AS, AD}, KC, 0, {}, AD, PlacePlayed},
+                          {"own lead", {TC, AS, KH}, 0, 0, {}, AS, PlacePlayed}}) {
+        SCOPED_TRACE(what);
+        ClickTable t;
+        Game& g = t.g;
+        for (int card = 1; card <= CardCount; ++card) Card(g, card).Place = PlacePlayed;
+        // The robot's Club and trump bind nobody but him.
+        t.Give(TheRobot, {Second(KC), TH});
+        t.Give(ThePlayer, hand);
+        Card(g, played).Melded = true;
         g.RoundOneOn = false;
         g.RoundTwoOn = true;
         g.TrickCount = 15;
+        g.Leader = led != 0 ? TheRobot : ThePlayer;
         g.LeadCard = led;
-        g.LeadSuit = Card(g, led).Suit;
+        g.LeadSuit = led != 0 ? Card(g, led).Suit : NoSuit;
+        if (refused != 0) {
+            PicCard_Click(g, refused);
+            ExpectRefusal(t, refusal);
+            EXPECT_EQ(Card(g, refused).Place, PlacePlayerHand);
+        }
+        EXPECT_EQ(t.ClickAndLookIntoTheWait(played), placeInWait);
+        EXPECT_EQ(t.Messages().size(), refused != 0 ? 1U : 0U);
+        EXPECT_EQ(led != 0 ? g.FollowCard : g.LeadCard, played);
+        EXPECT_EQ(std::tuple(Card(g, played).Place, Card(g, played).Melded, g.PlayerMayPlay),
+                  std::tuple(PlacePlayed, false, false));
+        EXPECT_EQ(t.hg.table.PanelText(2), "Ada is playing " + Card(g, played).Name);
+        // The row has closed up.
+        EXPECT_EQ(t.hg.table.Picture(hand[0]).left, 2500);
     }
-    Game& game() { return table.hg.game; }
-    ClickTable table;
-};
-
-TEST(RoundTwoClick, MustFollowSuitThenTheSuitCardPlays) {
-    RoundTwoClick trick({KH, AS, NH}, AH);
-    PicCard_Click(trick.game(), AS);
-    ASSERT_EQ(trick.table.Messages().size(), 1U);
-    const MessageRecord& box = trick.table.Messages().front();
-    EXPECT_EQ(box.text, "Ann You have a card of the same suit and must play it.");
-    EXPECT_EQ(box.buttons, (std::array<std::string, 3>{"Ah Right", "", ""}));
-    EXPECT_EQ(box.icon, 3);
-    EXPECT_EQ(box.title, "Must follow suit.");
-    EXPECT_TRUE(trick.game().PlayerMayPlay);
-    EXPECT_EQ(Card(trick.game(), AS).Place, PlacePlayerHand);
-
-    // A lower card of the suit will do.
-    PicCard_Click(trick.game(), NH);
-    EXPECT_EQ(trick.table.Messages().size(), 1U);
-    EXPECT_EQ(trick.game().FollowCard, NH);
-    EXPECT_EQ(Card(trick.game(), NH).Place, PlacePlayed);
-    EXPECT_FALSE(trick.game().PlayerMayPlay);
-}
-
-TEST(RoundTwoClick, MustTrumpWithNoCardOfTheSuit) {
-    RoundTwoClick trick({AS, NH, AD}, KC);
-    for (const int plain : {AS, AD}) {
-        PicCard_Click(trick.game(), plain);
-    }
-    ASSERT_EQ(trick.table.Messages().size(), 2U);
-    const MessageRecord& box = trick.table.Messages().back();
-    EXPECT_EQ(box.text, "Ann You have a Trump and must play it.");
-    EXPECT_EQ(box.buttons, (std::array<std::string, 3>{"O.K", "", ""}));
-    EXPECT_EQ(box.icon, 3);
-    EXPECT_EQ(box.title, "You have a Trump");
-    EXPECT_TRUE(trick.game().PlayerMayPlay);
-
-    PicCard_Click(trick.game(), NH);
-    EXPECT_EQ(trick.game().FollowCard, NH);
-    EXPECT_EQ(trick.game().FollowSuit, Hearts);
-    EXPECT_FALSE(trick.game().PlayerMayPlay);
-}
-
-TEST(RoundTwoClick, AnyCardWithNeitherSuitNorTrump) {
-    RoundTwoClick trick({AS, AD}, KC);
-    PicCard_Click(trick.game(), AD);
-    EXPECT_TRUE(trick.table.Messages().empty());
-    EXPECT_EQ(trick.game().FollowCard, AD);
-    EXPECT_EQ(Card(trick.game(), AD).Place, PlacePlayed);
-}
-
-TEST(RoundTwoClick, OwnLeadIsNeverRefused) {
-    RoundTwoClick trick({KH, AS, TC}, KC);
-    trick.game().Leader = ThePlayer;
-    PicCard_Click(trick.game(), AS);
-    EXPECT_TRUE(trick.table.Messages().empty());
-    EXPECT_EQ(trick.game().LeadCard, AS);
-    EXPECT_EQ(trick.game().LeadSuit, Spades);
-    EXPECT_EQ(trick.table.hg.table.PanelText(2), "Ann is playing Ace of Spades");
-}
-
-struct RoundTwoOrder {
-    std::string name;
-    int leader;
-    int card;
-    int placeInWait;
-};
-
-class RoundTwoClickOrder : public ::testing::TestWithParam<RoundTwoOrder> {};
-
-TEST_P(RoundTwoClickOrder, CardLeavesTheHandBeforeOrAfterTheWait) {
-    const RoundTwoOrder& c = GetParam();
-    // The player holds a Club and a trump; the robot led a Club, or a Spade
-    // of which he has none.
-    RoundTwoClick trick({TC, NH}, c.card == NH ? AS : KC);
-    Game& g = trick.game();
-    g.Leader = c.leader;
-    // A click on a played card serves as a look into the wait.
-    trick.table.hg.platform.script.push_back({TableEventKind::CardClick, KH});
-    int placeInWait = 0;
-    bool mayPlayInWait = true;
-    trick.table.hg.platform.afterEvent = [&](const Game& game, const TableEvent&) {
-        placeInWait = Card(game, c.card).Place;
-        mayPlayInWait = game.PlayerMayPlay;
-    };
-    PicCard_Click(g, c.card);
-    EXPECT_EQ(placeInWait, c.placeInWait);
-    EXPECT_FALSE(mayPlayInWait);
-    EXPECT_EQ(Card(g, c.card).Place, PlacePlayed);
-    // The row has closed up: the card kept lies first.
-    const int kept = c.card == TC ? NH : TC;
-    EXPECT_EQ(trick.table.hg.table.Picture(kept).left, 2500);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RoundTwoClickOrder,
-    ::testing::Values(RoundTwoOrder{"Lead", ThePlayer, TC, PlacePlayed},
-                      RoundTwoOrder{"FollowingSuit", TheRobot, TC, PlacePlayerHand},
-                      RoundTwoOrder{"Trumping", TheRobot, NH, PlacePlayed}),
-    [](const ::testing::TestParamInfo<RoundTwoOrder>& info) { return info.param.name; });
-
-TEST(HasSuitPlayer, CountsOnlyThePlayersHandMeldedCardsToo) {
-    ClickTable table;
-    Game& g = table.hg.game;
-    Card(g, AD).Melded = true;
-    EXPECT_TRUE(HasSuitPlayer(g, Diamonds));
-    EXPECT_TRUE(HasTrumps(g, Hearts));
-    Card(g, AH + 1).Place = PlacePlayed;
-    EXPECT_FALSE(HasTrumps(g, Hearts));  // the robot's Ace of Hearts is not his
-    EXPECT_TRUE(HasSuitPlayer(g, Clubs));
-    Card(g, TC).Place = PlaceOpponentHand;
-    EXPECT_FALSE(HasSuitPlayer(g, Clubs));
 }
 
 }  // namespace

@@ -26,6 +26,16 @@ inline constexpr int KS = CardIndex(King, Spades), JS = CardIndex(Jack, Spades);
 // The pinochle cards: the Jacks of Diamonds and the Queens of Spades.
 inline constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
 
+inline const std::vector<int> kHeartRun{AH, TH, KH, QH, JH};
+inline const std::vector<int> kPinochleCards{JD1, JD2, QS1, QS2};
+
+// Each card followed by its other copy.
+inline std::vector<int> BothCopies(const std::vector<int>& cards) {
+    std::vector<int> both;
+    for (const int card : cards) both.insert(both.end(), {card, Second(card)});
+    return both;
+}
+
 inline std::vector<int> FirstOfEachSuit(int value) {
     return {CardIndex(value, Diamonds), CardIndex(value, Clubs), CardIndex(value, Hearts),
             CardIndex(value, Spades)};

@@ -1,216 +1,125 @@
 // The robot's card in Round One: its lead, its answer, its lowest card.
 #include <gtest/gtest.h>
 
-#include <string>
+#include <tuple>
 #include <vector>
 
 #include "robot/round_one_choice.h"
-#include "tests/headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-constexpr int Second = 1;  // offset of the second copy of a card
+constexpr int AC = CardIndex(Ace, Clubs), TC = CardIndex(Ten, Clubs), TD = CardIndex(Ten, Diamonds);
+constexpr int JC = CardIndex(Jack, Clubs), ND = CardIndex(Nine, Diamonds);
+constexpr int NS = CardIndex(Nine, Spades);
 
-struct RobotTable {
-    explicit RobotTable(const std::vector<int>& robotHand, int trumps = Hearts) {
-        ClearTable(hg.game);
-        for (const int card : robotHand) {
-            Card(hg.game, card).Place = PlaceOpponentHand;
-        }
-        hg.game.GameOn = true;
-        hg.game.RoundOneOn = true;
-        hg.game.TrumpSuit = trumps;
+// The robot's hand in Round One; the player has led `led`, or the robot
+// leads when it is none.
+struct RobotTable : RoundOneTable {
+    RobotTable(const std::vector<int>& hand, int trumps, int led = 0) : RoundOneTable(trumps) {
+        Give(TheRobot, hand);
+        g.Leader = led == 0 ? TheRobot : ThePlayer;
+        if (led == 0) return;
+        g.LeadCard = led;
+        g.LeadSuit = Card(g, led).Suit;
+        Card(g, led).Place = PlacePlayed;
     }
-    HeadlessGame hg;
 };
 
-struct LeadCase {
-    std::string name;
+struct Case {
+    const char* what;
     std::vector<int> hand;
-    int trumps;
-    int expected;
+    int trumps, led, expected;
 };
 
-class RobotLeads : public ::testing::TestWithParam<LeadCase> {};
-
-TEST_P(RobotLeads, LeadsTheCardOfItsFirstMatchingTest) {
-    const LeadCase& c = GetParam();
-    RobotTable table(c.hand, c.trumps);
-    table.hg.game.Leader = TheRobot;
-    EXPECT_EQ(ChooseOpponentCard(table.hg.game), c.expected);
-    EXPECT_TRUE(table.hg.table.Messages().empty());
+// The first card of each hand is melded: melded cards are played like the
+// others.
+void ExpectChoices(const std::vector<Case>& cases) {
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        RobotTable t(c.hand, c.trumps, c.led);
+        Card(t.g, c.hand[0]).Melded = true;
+        EXPECT_EQ(ChooseOpponentCard(t.g), c.expected);
+        EXPECT_TRUE(t.hg.table.Messages().empty());
+    }
 }
 
-const int AC = CardIndex(Ace, Clubs), AH = CardIndex(Ace, Hearts), AS = CardIndex(Ace, Spades),
-          AD = CardIndex(Ace, Diamonds);
-const int TC = CardIndex(Ten, Clubs), TH = CardIndex(Ten, Hearts), TD = CardIndex(Ten, Diamonds),
-          TS = CardIndex(Ten, Spades);
-const int KC = CardIndex(King, Clubs), KH = CardIndex(King, Hearts), KD = CardIndex(King, Diamonds),
-          KS = CardIndex(King, Spades);
-const int QC = CardIndex(Queen, Clubs), QH = CardIndex(Queen, Hearts),
-          QS = CardIndex(Queen, Spades), QD = CardIndex(Queen, Diamonds);
-const int JC = CardIndex(Jack, Clubs), JH = CardIndex(Jack, Hearts), JS = CardIndex(Jack, Spades),
-          JD = CardIndex(Jack, Diamonds);
-const int NC = CardIndex(Nine, Clubs), NH = CardIndex(Nine, Hearts), NS = CardIndex(Nine, Spades),
-          ND = CardIndex(Nine, Diamonds);
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RobotLeads,
-    ::testing::Values(
-        LeadCase{
-            "AcesOfClubsBeforeAcesOfHearts", {AH, AH + Second, AC, AC + Second, NC}, Hearts, AC},
-        LeadCase{"PairOfTrumpAcesIsLed", {AH, AH + Second, KC, QS}, Hearts, AH},
-        LeadCase{"AcesBeforeTensWhateverTheSuit", {TD, TD + Second, AS, AS + Second}, Hearts, AS},
-        LeadCase{"TensBeforeAPlainNine", {TS, TS + Second, NC}, Hearts, TS},
-        LeadCase{"PlainNineWhenNothingPaired", {AS, NC, KD}, Hearts, NC},
-        LeadCase{"PlainNineBeforeJacks", {JS, JS + Second, ND}, Hearts, ND},
-        LeadCase{"NineOfTrumpsIsNoPlainNine", {NH, JC, JC + Second}, Hearts, JC},
-        LeadCase{"JacksOfSpadesTestedFirst", {JC, JC + Second, JS, JS + Second, KD}, Hearts, JS},
-        LeadCase{"JacksOfDiamondsNeverPaired", {JD, JD + Second, JH, JH + Second}, Clubs, JH},
-        LeadCase{"JacksBeforeQueens", {QC, QC + Second, JH, JH + Second}, Spades, JH},
-        LeadCase{"QueensBeforeKings", {KD, KD + Second, QH, QH + Second}, Clubs, QH},
-        LeadCase{"KingsInSuitOrder", {KC, KC + Second, KD, KD + Second}, Spades, KD},
-        LeadCase{"QueensOfSpadesNotPaired", {QS, QS + Second, AD, KC}, Hearts, KC},
-        LeadCase{"PlainClubOrHeartBeforeAceOrKing", {AS, KD, TC}, Hearts, TC},
-        LeadCase{"TrumpSuitPassedOverByThePlainChoice", {TC, AH}, Clubs, AH},
-        LeadCase{"JackOfClubsPassedOverByThePlainChoice", {JC, QC, AD, KH}, Hearts, AD},
-        LeadCase{"FirstNonTrumpBeforeAnyTrump", {KH, JS}, Hearts, JS},
-        LeadCase{"OnlyTrumpsGiveTheFirstTrump", {JH, NH, TH}, Hearts, TH}),
-    [](const ::testing::TestParamInfo<LeadCase>& info) { return info.param.name; });
-
-struct FollowCase {
-    std::string name;
-    std::vector<int> hand;
-    int trumps;
-    int led;
-    int expected;
-};
-
-class RobotFollows : public ::testing::TestWithParam<FollowCase> {};
-
-TEST_P(RobotFollows, AnswersTheLedCard) {
-    const FollowCase& c = GetParam();
-    RobotTable table(c.hand, c.trumps);
-    Game& g = table.hg.game;
-    g.Leader = ThePlayer;
-    g.LeadCard = c.led;
-    g.LeadSuit = Card(g, c.led).Suit;
-    Card(g, c.led).Place = PlacePlayed;
-    EXPECT_EQ(ChooseOpponentCard(g), c.expected);
+TEST(RobotRoundOne, LeadsTheCardOfItsFirstMatchingTest) {
+    ExpectChoices({
+        {"aces by suit, trumps no earlier", {AH, Second(AH), AC, Second(AC), NC}, Hearts, 0, AC},
+        {"a pair of trump aces", {AH, Second(AH), KC, QS1}, Hearts, 0, AH},
+        {"aces before tens", {TD, Second(TD), AS, Second(AS)}, Hearts, 0, AS},
+        {"tens before a plain nine", {TS, Second(TS), NC}, Hearts, 0, TS},
+        {"a plain nine before jacks", {JS, Second(JS), ND}, Hearts, 0, ND},
+        {"the nine of trumps is no plain nine", {NH, JC, Second(JC)}, Hearts, 0, JC},
+        {"jacks of Spades first", {JC, Second(JC), JS, Second(JS), KD}, Hearts, 0, JS},
+        {"jacks of Clubs before Hearts", {JH, Second(JH), JC, Second(JC)}, Diamonds, 0, JC},
+        {"jacks of Diamonds never paired", {JD1, JD2, KC, Second(KC)}, Hearts, 0, KC},
+        {"jacks before queens", {QC, Second(QC), JH, Second(JH)}, Spades, 0, JH},
+        {"queens before kings", {KD, Second(KD), QH, Second(QH)}, Clubs, 0, QH},
+        {"kings in suit order", {KC, Second(KC), KD, Second(KD)}, Spades, 0, KD},
+        {"no queens of Spades pair", {QS1, QS2, AD, KC}, Hearts, 0, KC},
+        {"a plain Club or Heart before Spades", {AS, KD, TC}, Hearts, 0, TC},
+        {"the trump suit passed over", {TC, AH}, Clubs, 0, AH},
+        {"a jack passed over", {JC, QC, AD, KH}, Hearts, 0, AD},
+        {"the first non-trump before any trump", {KH, JS}, Hearts, 0, JS},
+        {"only trumps: the first trump", {JH, NH, TH}, Hearts, 0, TH},
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RobotFollows,
-    ::testing::Values(
-        FollowCase{"WinsWithTheAceBeforeTheTen", {TC, AC + Second, NS}, Hearts, KC, AC + Second},
-        FollowCase{"SpendsAnAceOnANine", {AC, NS}, Hearts, NC, AC},
-        FollowCase{"NeverWinsWithQueenOrJack", {QC, JC, KH, AD}, Hearts, NC, KH},
-        FollowCase{"EqualCardDoesNotWin", {AC + Second, KD}, Hearts, AC, KD},
-        FollowCase{"PlainNineBeforeTrumping", {AH, NS}, Hearts, AC, NS},
-        FollowCase{"TrumpsWithTheLowerIndex", {KH, TH, JD}, Hearts, KC, TH},
-        FollowCase{"NoTrumpingWithNineJackOrQueen", {NH, JH, QH, KS}, Hearts, AC, JH},
-        FollowCase{"NoTrumpingOnALedTrump", {TH, KS}, Hearts, AH, KS},
-        FollowCase{"HigherTrumpOnALedTrump", {TH, KS}, Hearts, KH, TH},
-        FollowCase{"OnlyTheLedSuitWinsInSuit", {AS, KD}, Hearts, KC, KD}),
-    [](const ::testing::TestParamInfo<FollowCase>& info) { return info.param.name; });
-
-struct LowestCase {
-    std::string name;
-    std::vector<int> hand;
-    bool roundOne;
-    int expected;
-};
-
-class RobotLowest : public ::testing::TestWithParam<LowestCase> {};
-
-TEST_P(RobotLowest, GivesTheCardOfItsFirstPass) {
-    const LowestCase& c = GetParam();
-    RobotTable table(c.hand, Hearts);
-    table.hg.game.RoundOneOn = c.roundOne;
-    EXPECT_EQ(LowestOpponentCard(table.hg.game), c.expected);
+TEST(RobotRoundOne, AnswersTheLedCardByItsList) {
+    ExpectChoices({
+        {"wins with the ace before the ten", {TC, Second(AC), NS}, Hearts, KC, Second(AC)},
+        {"spends an ace on a nine", {AC, NS}, Hearts, NC, AC},
+        {"never wins with queen or jack", {QC, JC, KH, AD}, Hearts, NC, KH},
+        {"an equal card does not win", {Second(AC), KD}, Hearts, AC, KD},
+        {"a plain nine before trumping", {AH, NS}, Hearts, AC, NS},
+        {"trumps with the lower index", {KH, TH, JD1}, Hearts, KC, TH},
+        {"no trumping with nine, jack or queen", {NH, JH, QH, KS}, Hearts, AC, JH},
+        {"no trumping on a led trump", {TH, KS}, Hearts, AH, KS},
+        {"only the led suit wins in suit", {AS, KD}, Hearts, KC, KD},
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RobotLowest,
-    ::testing::Values(LowestCase{"PinochleCardsKeptInRoundOne", {JD, QS, KC, AS}, true, KC},
-                      LowestCase{"PinochleCardsGoInRoundTwo", {JD, QS, KC, AS}, false, JD},
-                      LowestCase{"QueenOfSpadesGoesInRoundTwo", {QS, AD}, false, QS},
-                      LowestCase{"QueenOfSpadesOnlyByTheLastPasses", {QS, AD}, true, AD},
-                      LowestCase{"OtherJackBeforeTheJackOfDiamonds", {JD, JS}, true, JS},
-                      LowestCase{"TrumpJackBeforeAPlainKing", {KC, JH}, true, JH},
-                      LowestCase{"PlainNineFirst", {JS, NS, NH}, true, NS},
-                      LowestCase{"NineOfTrumpsOnlyAtTheEnd", {NH, AD}, true, AD},
-                      LowestCase{"NineOfTrumpsWhenAlone", {NH}, true, NH},
-                      LowestCase{"TenBeforeAce", {AC, TS}, true, TS},
-                      LowestCase{"EmptyHand", {}, true, 0}),
-    [](const ::testing::TestParamInfo<LowestCase>& info) { return info.param.name; });
-
-struct PairCase {
-    std::string name;
-    int (*test)(const Game&);
-    std::vector<int> hand;
-    int expected;
-};
-
-class PairTests : public ::testing::TestWithParam<PairCase> {};
-
-TEST_P(PairTests, NameTheFirstFullPair) {
-    const PairCase& c = GetParam();
-    RobotTable table(c.hand);
-    EXPECT_EQ(c.test(table.hg.game), c.expected);
+TEST(RobotRoundOne, LowestCardKeepsThePinochleCardsBackInRoundOneOnly) {
+    using Row = std::tuple<const char*, std::vector<int>, bool, int>;
+    for (const auto& [what, hand, roundOne, expected] :
+         std::vector<Row>{{"pinochle cards kept in Round One", {JD1, QS1, KC, AS}, true, KC},
+                          {"pinochle cards go in Round Two", {JD1, QS1, KC, AS}, false, JD1},
+                          {"queen of Spades goes in Round Two", {QS1, AD}, false, QS1},
+                          {"queen of Spades only by the last passes", {QS1, AD}, true, AD},
+                          {"another jack before the jack of Diamonds", {JD1, JS}, true, JS},
+                          {"a trump jack before a plain king", {KC, JH}, true, JH},
+                          {"a plain nine first", {JS, NS, NH}, true, NS},
+                          {"the nine of trumps only at the end", {NH, AD}, true, AD},
+                          {"ten before ace", {AC, TS}, true, TS},
+                          {"none", {}, true, 0}}) {
+        SCOPED_TRACE(what);
+        RobotTable t(hand, Hearts);
+        t.g.RoundOneOn = roundOne;
+        EXPECT_EQ(LowestOpponentCard(t.g), expected);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, PairTests,
-    ::testing::Values(
-        PairCase{"AcesOneOfEachSuit", BothAcesCard, {AD, AC, AH, AS}, 0},
-        PairCase{"AcesOfSpades", BothAcesCard, {AS, AS + Second, AD}, AS},
-        PairCase{"TensOfHearts", BothTensCard, {TH, TH + Second}, TH},
-        PairCase{"KingsOfSpades", BothKingsCard, {KS, KS + Second}, KS},
-        PairCase{"QueensOfSpades", BothQueensCard, {QS, QS + Second}, 0},
-        PairCase{"QueensOfDiamonds", BothQueensCard, {QD, QD + Second}, QD},
-        PairCase{"JacksOfDiamonds", BothJacksCard, {JD, JD + Second}, 0},
-        PairCase{"JacksSpadesBeforeClubs", BothJacksCard, {JC, JC + Second, JS, JS + Second}, JS},
-        PairCase{"JacksClubsBeforeHearts", BothJacksCard, {JH, JH + Second, JC, JC + Second}, JC}),
-    [](const ::testing::TestParamInfo<PairCase>& info) { return info.param.name; });
-
-TEST(RobotPairs, CopyInThePlayersHandBreaksThePair) {
-    RobotTable table({AC});
-    Card(table.hg.game, AC + Second).Place = PlacePlayerHand;
-    EXPECT_EQ(BothAcesCard(table.hg.game), 0);
+TEST(RobotRoundOne, PairsAreInTheRobotsHandOnly) {
+    RobotTable t({AC}, Hearts);
+    Card(t.g, Second(AC)).Place = PlacePlayerHand;
+    EXPECT_EQ(BothAcesCard(t.g), 0);
 }
 
-TEST(RobotMeldedCards, AreAsFreeToPlayAsTheOthers) {
-    RobotTable table({KS, KS + Second, QS});
-    Card(table.hg.game, KS).Melded = true;
-    Card(table.hg.game, QS).Melded = true;
-    table.hg.game.Leader = TheRobot;
-    EXPECT_EQ(ChooseOpponentCard(table.hg.game), KS);
-}
-
-TEST(RobotChoice, NothingWhenNoGameIsOn) {
-    RobotTable table({AC, AC + Second});
-    table.hg.game.GameOn = false;
-    table.hg.game.Leader = TheRobot;
-    EXPECT_EQ(ChooseOpponentCard(table.hg.game), 0);
-    EXPECT_TRUE(table.hg.table.Messages().empty());
-}
-
-TEST(RobotChoice, EmptyHandSaysSoInBothRoles) {
-    for (const int leader : {TheRobot, ThePlayer}) {
-        RobotTable table({});
-        Game& g = table.hg.game;
-        g.Leader = leader;
-        g.LeadCard = AC;
-        g.LeadSuit = Clubs;
-        EXPECT_EQ(ChooseOpponentCard(g), 0);
-        ASSERT_EQ(table.hg.table.Messages().size(), 1U);
-        const MessageRecord& box = table.hg.table.Messages().front();
-        EXPECT_EQ(box.kind, "plain");
-        EXPECT_EQ(box.text, " If you can read this something wrong, has not found a card");
-        EXPECT_EQ(box.title, "Trickhaven");
+TEST(RobotRoundOne, NothingWithNoGameAndAMessageWithNoCard) {
+    RobotTable off({AC, Second(AC)}, Hearts);
+    off.g.GameOn = false;
+    EXPECT_EQ(ChooseOpponentCard(off.g), 0);
+    EXPECT_TRUE(off.hg.table.Messages().empty());
+    for (const int led : {0, AC}) {
+        RobotTable t({}, Hearts, led);
+        EXPECT_EQ(ChooseOpponentCard(t.g), 0);
+        ASSERT_EQ(t.hg.table.Messages().size(), 1U);
+        const MessageRecord& box = t.hg.table.Messages()[0];
+        EXPECT_EQ(box.kind + "|" + box.text + "|" + box.title,
+                  "plain| If you can read this something wrong, has not found a card|Trickhaven");
     }
 }
 
