@@ -11,7 +11,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <cstdlib>
 #include <functional>
 
 #include "forms/twips.h"
@@ -19,38 +18,13 @@
 namespace trickhaven {
 namespace {
 
-const QColor kNavy(0, 0, 128);
 const QColor kLabelBack(192, 255, 255);
 const QColor kButtonBack(192, 255, 192);
-const QString kUnavailable = QStringLiteral("System Information Is Unavailable At This Time");
 
 // Lets a box that closed itself be deleted.
 void DeleteClosed() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
-
-// What a modal message box showed, answered with its OK button as soon as
-// it is up.
-struct MessageSeen {
-    bool shown = false;
-    QString text;
-    QString title;
-    int buttons = 0;
-
-    void AnswerNext() {
-        QTimer::singleShot(0, [this] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box) {
-                return;
-            }
-            shown = true;
-            text = box->text();
-            title = box->windowTitle();
-            buttons = static_cast<int>(box->buttons().size());
-            box->button(QMessageBox::Ok)->click();
-        });
-    }
-};
 
 void WriteTool(const QString& path, const QByteArray& content) {
     QFile file(path);
@@ -70,35 +44,34 @@ protected:
         delete box.data();
         DeleteClosed();
     }
-    template <typename T = QWidget>
-    T* Control(const char* name) {
-        auto* control = box->findChild<T*>(QString::fromLatin1(name));
-        EXPECT_NE(control, nullptr) << name;
-        return control;
+
+    // Clicks System Info; a message box that comes is read and answered OK.
+    void ClickSystemInfo() {
+        QTimer::singleShot(0, [this] {
+            if (auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                seen = message->windowTitle() + " | " + message->text();
+                message->button(QMessageBox::Ok)->click();
+            }
+        });
+        box->findChild<QAbstractButton*>("cmdSysInfo")->click();
     }
 
     QPointer<FrmAbout> box;
-    QTemporaryDir folder;
+    QString seen;
 };
 
-TEST_F(AboutBoxTest, IsAFixedModelessDialogWithCloseBoxOnly) {
+TEST_F(AboutBoxTest, IsAFixedCentredModelessDialogWithCloseBoxOnly) {
     EXPECT_EQ(box->windowTitle(), QStringLiteral("About Trickhaven"));
     EXPECT_EQ(box->size(), QSize(TwipsToPixels(5730), TwipsToPixels(3555)));
     EXPECT_EQ(box->minimumSize(), box->maximumSize());
     const Qt::WindowFlags flags = box->windowFlags();
-    EXPECT_EQ(flags & Qt::WindowType_Mask, Qt::Dialog);
-    EXPECT_TRUE(flags.testFlag(Qt::WindowTitleHint));
     EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
     EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
     EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
     EXPECT_FALSE(box->isModal());
     EXPECT_TRUE(box->isVisible());
-    EXPECT_TRUE(box->testAttribute(Qt::WA_DeleteOnClose));
-    EXPECT_FALSE(box->windowIcon().isNull());
     const QPoint centre = box->screen()->availableGeometry().center();
-    const QPoint offset = box->geometry().center() - centre;
-    EXPECT_TRUE(std::abs(offset.x()) <= 1 && std::abs(offset.y()) <= 1)
-        << offset.x() << "," << offset.y();
+    EXPECT_LE((box->geometry().center() - centre).manhattanLength(), 2);
 }
 
 TEST_F(AboutBoxTest, ControlsStandWhereDesignedWithTheirTexts) {
@@ -120,132 +93,59 @@ TEST_F(AboutBoxTest, ControlsStandWhereDesignedWithTheirTexts) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        QWidget* control = Control(c.name);
+        QWidget* control = box->findChild<QWidget*>(c.name);
         ASSERT_NE(control, nullptr);
         EXPECT_EQ(control->geometry(), TwipsToPixels(c.left, c.top, c.width, c.height));
         EXPECT_FALSE(control->accessibleName().isEmpty());
         if (auto* label = qobject_cast<QLabel*>(control)) {
-            if (c.text) {
-                EXPECT_EQ(label->text(), QString::fromLatin1(c.text));
-            } else {
-                EXPECT_TRUE(label->text().contains(QStringLiteral("Trickhaven")));
-            }
+            EXPECT_TRUE(c.text ? label->text() == c.text : label->text().contains("Trickhaven"));
             EXPECT_EQ(label->font().pixelSize(), PointsToPixels(c.points));
-            EXPECT_TRUE(label->alignment().testFlag(Qt::AlignHCenter));
-            EXPECT_EQ(label->palette().color(QPalette::WindowText), QColor(Qt::black));
-            // The whole text shows inside the label; only the lowest row of
-            // the last line, kept for descenders, may fall outside.
+            // The whole text shows; only a descender row may fall outside.
             EXPECT_LE(label->heightForWidth(label->width()), label->height() + 1);
         } else {
             EXPECT_EQ(qobject_cast<QAbstractButton*>(control)->text(), QString::fromLatin1(c.text));
         }
-        const QImage face = control->grab().toImage();
-        EXPECT_EQ(face.pixelColor(2, 2), c.back);
+        EXPECT_EQ(control->grab().toImage().pixelColor(2, 2), c.back);
     }
-    QLabel* icon = Control<QLabel>("picIcon");
-    ASSERT_NE(icon, nullptr);
-    EXPECT_EQ(icon->pos(), TwipsToPixels(240, 240));
-    EXPECT_EQ(icon->size(), icon->pixmap().deviceIndependentSize().toSize());
-    EXPECT_FALSE(icon->accessibleName().isEmpty());
 }
 
-TEST_F(AboutBoxTest, BackgroundAndEtchedRule) {
-    const QImage shot = box->grab().toImage();
-    const int x = box->width() / 2;
-    EXPECT_EQ(shot.pixelColor(x, 162), kNavy);
-    EXPECT_EQ(shot.pixelColor(x, 163), QColor(128, 128, 128));
-    EXPECT_EQ(shot.pixelColor(x, 164), QColor(Qt::white));
-    EXPECT_EQ(shot.pixelColor(x, 165), QColor(Qt::white));
-    EXPECT_EQ(shot.pixelColor(x, 166), kNavy);
-    EXPECT_EQ(shot.pixelColor(5, 163), kNavy);
-    EXPECT_EQ(shot.pixelColor(6, 163), QColor(128, 128, 128));
-    EXPECT_EQ(shot.pixelColor(6, 164), kNavy);
-    EXPECT_EQ(shot.pixelColor(377, 164), QColor(Qt::white));
-    EXPECT_EQ(shot.pixelColor(378, 163), kNavy);
-}
-
-TEST_F(AboutBoxTest, OkEnterAndEscapeUnloadTheBox) {
-    struct Case {
-        const char* how;
-        std::function<void(FrmAbout&)> act;
-    };
-    const Case cases[] = {
+TEST_F(AboutBoxTest, OkEnterEscapeAndCloseBoxUnloadTheBoxAndTheNextRequestMakesANewOne) {
+    FrmAbout* first = box.data();
+    ShowAboutBox(box, nullptr);
+    EXPECT_EQ(box.data(), first);
+    const std::pair<const char*, std::function<void(FrmAbout&)>> cases[] = {
         {"OK", [](FrmAbout& b) { b.findChild<QAbstractButton*>("cmdOK")->click(); }},
         {"Enter", [](FrmAbout& b) { QTest::keyClick(&b, Qt::Key_Return); }},
         {"Escape", [](FrmAbout& b) { QTest::keyClick(&b, Qt::Key_Escape); }},
         {"close box", [](FrmAbout& b) { b.close(); }},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.how);
+    for (const auto& [how, act] : cases) {
+        SCOPED_TRACE(how);
         ShowAboutBox(box, nullptr);
         ASSERT_TRUE(box);
-        c.act(*box);
+        EXPECT_TRUE(box->isVisible());
+        act(*box);
         DeleteClosed();
         EXPECT_TRUE(box.isNull());
     }
 }
 
-TEST_F(AboutBoxTest, ARequestWhileOpenShowsTheSameBoxAndAfterCloseANewOne) {
-    FrmAbout* first = box.data();
-    ShowAboutBox(box, nullptr);
-    EXPECT_EQ(box.data(), first);
-    box->close();
-    DeleteClosed();
-    ASSERT_TRUE(box.isNull());
-    ShowAboutBox(box, nullptr);
-    ASSERT_TRUE(box);
-    EXPECT_TRUE(box->isVisible());
-}
-
 TEST_F(AboutBoxTest, SystemInfoWithoutAToolSaysSoAndTheBoxStays) {
     QApplication::setApplicationName(QStringLiteral("Trickhaven"));
-    struct Case {
-        const char* what;
-        QByteArray content;  // empty: no tool at all
-    };
-    const Case cases[] = {{"no tool", {}}, {"a tool that cannot start", "not a program\n"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    // No tool at all, then a tool that cannot start.
+    for (const QByteArray& content : {QByteArray(), QByteArray("not a program\n")}) {
         QTemporaryDir tools;
-        if (!c.content.isEmpty()) {
-            WriteTool(tools.filePath(QStringLiteral("hardinfo")), c.content);
+        if (!content.isEmpty()) {
+            WriteTool(tools.filePath(QStringLiteral("hardinfo")), content);
         }
         box->SetSystemInfoSearch({QStringLiteral("hardinfo")}, {tools.path()});
-        MessageSeen message;
-        message.AnswerNext();
-        Control<QAbstractButton>("cmdSysInfo")->click();
-        EXPECT_TRUE(message.shown);
-        EXPECT_EQ(message.text, kUnavailable);
-        EXPECT_EQ(message.title, QStringLiteral("Trickhaven"));
-        EXPECT_EQ(message.buttons, 1);
+        seen.clear();
+        ClickSystemInfo();
+        EXPECT_EQ(seen, "Trickhaven | System Information Is Unavailable At This Time");
         DeleteClosed();
         ASSERT_TRUE(box);
         EXPECT_TRUE(box->isVisible());
     }
-}
-
-TEST_F(AboutBoxTest, SystemInfoStartsTheFirstToolFoundAndSaysNothing) {
-    ASSERT_TRUE(folder.isValid());
-    const QString ran = folder.filePath(QStringLiteral("ran"));
-    for (const char* tool : {"kinfocenter", "xfce4-taskmanager"}) {
-        WriteTool(folder.filePath(QString::fromLatin1(tool)),
-                  QByteArray("#!/bin/sh\necho ") + tool + " >> '" + QFile::encodeName(ran) + "'\n");
-    }
-    box->SetSystemInfoSearch({QStringLiteral("gnome-system-monitor"), QStringLiteral("kinfocenter"),
-                              QStringLiteral("xfce4-taskmanager")},
-                             {folder.path()});
-    MessageSeen message;
-    message.AnswerNext();
-    Control<QAbstractButton>("cmdSysInfo")->click();
-    QFile log(ran);
-    for (int waited = 0; waited < 5000 && !log.exists(); waited += 50) {
-        QTest::qWait(50);
-    }
-    QTest::qWait(200);
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_EQ(log.readAll(), QByteArray("kinfocenter\n"));
-    EXPECT_FALSE(message.shown);
-    EXPECT_TRUE(box->isVisible());
 }
 
 }  // namespace
