@@ -21,14 +21,14 @@ void ShowStockLeft(Game& g) {
     g.view.SetCaption(TableLabel::LblStock, "Stock " + std::to_string(g.StockLeft));
 }
 
-// The robot keeps a turned-up Ace or Ten of trumps; otherwise it takes the
-// stock card only when that is a higher trump.
 // The last two cards of Round One: the winner's choice, then the other.
 void LogLastPair(const Game& g, int winner, int chosen, int other) {
     LogPlay(g, CardDrawn(winner, chosen));
     LogPlay(g, CardDrawn(winner == ThePlayer ? TheRobot : ThePlayer, other));
 }
 
+// The robot keeps a turned-up Ace or Ten of trumps; otherwise it takes the
+// stock card only when that is a higher trump.
 bool RobotTakesStockCard(const Game& g) {
     const CardRec& up = Card(g, g.UpCard);
     const CardRec& last = Card(g, g.LastStockCard);
@@ -115,27 +115,19 @@ void DrawCard(Game& g, int who, int card) {
 
 void TakeLastStock(Game& g) {
     g.DelayMs = 700;
-    if (RobotTakesStockCard(g)) {
-        g.MessageChoice = static_cast<std::int16_t>(
-            g.view.ShowDeluxeMessage(g.OpponentName + " has decided to take the last Stock card.",
-                                     "O.K", "", "", 1, "Taking Stock card"));
-        WaitDelay(g);
-        LogLastPair(g, TheRobot, g.LastStockCard, g.UpCard);
-        Card(g, g.LastStockCard).Place = PlaceOpponentHand;
-        Card(g, g.UpCard).Place = PlacePlayerHand;
-        DrawCard(g, TheRobot, g.LastStockCard);
-        DrawCard(g, ThePlayer, g.UpCard);
-    } else {
-        g.MessageChoice = static_cast<std::int16_t>(
-            g.view.ShowDeluxeMessage(g.OpponentName + " has decided to take the UpCard trump.",
-                                     "O.K", "", "", 1, "Taking trump card"));
-        WaitDelay(g);
-        LogLastPair(g, TheRobot, g.UpCard, g.LastStockCard);
-        Card(g, g.UpCard).Place = PlaceOpponentHand;
-        Card(g, g.LastStockCard).Place = PlacePlayerHand;
-        DrawCard(g, TheRobot, g.UpCard);
-        DrawCard(g, ThePlayer, g.LastStockCard);
-    }
+    const bool stockCard = RobotTakesStockCard(g);
+    const int robots = stockCard ? g.LastStockCard : g.UpCard;
+    const int players = stockCard ? g.UpCard : g.LastStockCard;
+    g.MessageChoice = static_cast<std::int16_t>(g.view.ShowDeluxeMessage(
+        g.OpponentName + (stockCard ? " has decided to take the last Stock card."
+                                    : " has decided to take the UpCard trump."),
+        "O.K", "", "", 1, stockCard ? "Taking Stock card" : "Taking trump card"));
+    WaitDelay(g);
+    LogLastPair(g, TheRobot, robots, players);
+    Card(g, robots).Place = PlaceOpponentHand;
+    Card(g, players).Place = PlacePlayerHand;
+    DrawCard(g, TheRobot, robots);
+    DrawCard(g, ThePlayer, players);
     g.view.SetCaption(TableLabel::LblStock, "0");
     WaitDelay(g);
 }
