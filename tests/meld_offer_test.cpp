@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,10 @@ struct ButtonCase {
     TableEvent button;
     int points;
 };
+// Cases print as their button, not as bytes, in the test names.
+void PrintTo(const ButtonCase& c, std::ostream* out) {
+    *out << c.name;
+}
 
 class MeldButton : public ::testing::TestWithParam<ButtonCase> {};
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,6 +53,11 @@ struct RowCase {
     std::vector<int> laid;  // in the order laid
     int left, step, top, elapsed;
 };
+// Cases print as their side and cards, not as bytes, in the test names.
+void PrintTo(const RowCase& c, std::ostream* out) {
+    *out << (c.who == ThePlayer ? "player" : "robot") << " lays";
+    for (const int card : c.laid) *out << ' ' << card;
+}
 
 class MeldRowLayout : public ::testing::TestWithParam<RowCase> {};
 

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -39,11 +40,20 @@ const Meld kRoyal = Marriage(Hearts);
 // A heart run with a spare King and Queen.
 const std::vector<int> kRunAndPair{AH, TH, KH, Second(KH), QH, Second(QH), JH};
 
+void PrintCards(const std::vector<int>& cards, std::ostream* out) {
+    for (const int card : cards) *out << card << ' ';
+}
+
 struct ScoreCase {
     int trumps;
     std::vector<Meld> melds;
     std::vector<int> cards, points;  // points: the last-meld label after each meld
 };
+// Cases print as what they are about, not as bytes, in the test names.
+void PrintTo(const ScoreCase& c, std::ostream* out) {
+    *out << "points ";
+    PrintCards(c.points, out);
+}
 
 class MeldScores : public ::testing::TestWithParam<ScoreCase> {};
 
@@ -87,6 +97,10 @@ struct TakenCase {
     bool CardRec::*flag;
     std::vector<int> cards, taken;
 };
+void PrintTo(const TakenCase& c, std::ostream* out) {
+    *out << "takes ";
+    PrintCards(c.taken, out);
+}
 
 class LikeCardTaken : public ::testing::TestWithParam<TakenCase> {};
 
@@ -121,6 +135,9 @@ struct RefusalCase {
     Meld meld;
     std::string title, button, text;
 };
+void PrintTo(const RefusalCase& c, std::ostream* out) {
+    *out << '"' << c.title << '"';
+}
 
 class MeldRefused : public ::testing::TestWithParam<RefusalCase> {};
 
@@ -207,6 +224,10 @@ struct DixCase {
     bool exchange;
     int top, elapsed;  // top: of the old up card in the hand, or of the nine on the table
 };
+void PrintTo(const DixCase& c, std::ostream* out) {
+    *out << (c.who == ThePlayer ? "player" : "robot")
+         << (c.exchange ? " exchanges" : " on the table") << " in trick " << c.trick;
+}
 
 class DixMeld : public ::testing::TestWithParam<DixCase> {};
 
