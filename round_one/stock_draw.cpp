@@ -12,11 +12,6 @@ namespace trickhaven {
 
 namespace {
 
-void HopCard(Game& g, int card, int left, int top) {
-    g.view.MoveCard(card, left, top);
-    g.view.BringCardToFront(card);
-}
-
 void ShowStockLeft(Game& g) {
     g.view.SetCaption(TableLabel::LblStock, "Stock " + std::to_string(g.StockLeft));
 }
@@ -43,20 +38,19 @@ void PlayerChoosesLastCard(Game& g) {
                                      Card(g, g.LastStockCard).Name +
                                      " click on Stock Card or click on Up Card to take Trump card.",
                                  "Stock Card", "Up Card", "", 1, "Make choice"));
-    if (g.MessageChoice == 0) {
-        g.view.SetPanelText(2, g.PlayerName + " is taking last Stock Card");
-        LogLastPair(g, ThePlayer, g.LastStockCard, g.UpCard);
-        Card(g, g.LastStockCard).Place = PlacePlayerHand;
-        RedrawHand(g);
-        Card(g, g.UpCard).Place = PlaceOpponentHand;
-        ShowOpponentHand(g);
-    } else {
-        g.view.SetPanelText(2, g.PlayerName + " is taking the Trump card.");
-        LogLastPair(g, ThePlayer, g.UpCard, g.LastStockCard);
-        Card(g, g.UpCard).Place = PlacePlayerHand;
-        RedrawHand(g);
-        Card(g, g.LastStockCard).Place = PlaceOpponentHand;
-        ShowOpponentHand(g);
+    const bool stockCard = g.MessageChoice == 0;
+    const int players = stockCard ? g.LastStockCard : g.UpCard;
+    const int robots = stockCard ? g.UpCard : g.LastStockCard;
+    g.view.SetPanelText(2, g.PlayerName + (stockCard ? " is taking last Stock Card"
+                                                     : " is taking the Trump card."));
+    LogLastPair(g, ThePlayer, players, robots);
+    Card(g, players).Place = PlacePlayerHand;
+    RedrawHand(g);
+    Card(g, robots).Place = PlaceOpponentHand;
+    ShowOpponentHand(g);
+    // Taking the up card leaves the player free to click meanwhile; the
+    // closing sequence itself keeps his hand from playing.
+    if (!stockCard) {
         g.PlayerMayPlay = true;
     }
     OfferMeld(g, " Click a Meld to make or click Cancel to receive a card");

@@ -10,11 +10,6 @@ namespace trickhaven {
 
 namespace {
 
-void HopCard(Game& g, int card, int left, int top) {
-    g.view.MoveCard(card, left, top);
-    g.view.BringCardToFront(card);
-}
-
 void DealPacket(Game& g, void (*dealOne)(Game&)) {
     for (int i = 0; i < 3; ++i) {
         dealOne(g);
@@ -40,6 +35,11 @@ void ScoreTurnedUpNine(Game& g) {
 }
 
 }  // namespace
+
+void HopCard(Game& g, int card, int left, int top) {
+    g.view.MoveCard(card, left, top);
+    g.view.BringCardToFront(card);
+}
 
 int PickStockCard(Game& g) {
     // Rounding r * 48, not truncating: card 48 only gets the half span from

@@ -5,6 +5,9 @@
 
 namespace trickhaven {
 
+// One stop of a card's flight: it moves there and comes to the front.
+void HopCard(Game& g, int card, int left, int top);
+
 // A random card of the stock (Place 20); the stock must not be empty.
 int PickStockCard(Game& g);
 
