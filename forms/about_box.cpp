@@ -12,6 +12,7 @@
 #include "forms/card_art.h"
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
+#include "forms/window_placement.h"
 
 namespace trickhaven {
 
@@ -144,15 +145,9 @@ void FrmAbout::paintEvent(QPaintEvent*) {
 void ShowAboutBox(QPointer<FrmAbout>& box, QWidget* parent) {
     if (!box) {
         box = new FrmAbout(parent);
-        box->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, box->size(),
-                                             box->screen()->availableGeometry()));
+        CentreOnScreen(*box);
     }
-    if (box->isVisible()) {
-        box->raise();
-    } else {
-        box->show();
-    }
-    box->activateWindow();
+    BringUp(*box);
 }
 
 }  // namespace trickhaven

@@ -10,6 +10,7 @@
 #include "forms/help_texts.h"
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
+#include "forms/window_placement.h"
 
 namespace trickhaven {
 
@@ -159,15 +160,9 @@ void HelpPages::Show(int page) {
         slot = LoadPage(page, art_);
         QObject::connect(slot.get(), &HelpPage::pageRequested, slot.get(),
                          [this](int next) { Show(next); });
-        slot->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, slot->size(),
-                                              slot->screen()->availableGeometry()));
+        CentreOnScreen(*slot);
     }
-    if (slot->isVisible()) {
-        slot->raise();
-    } else {
-        slot->show();
-    }
-    slot->activateWindow();
+    BringUp(*slot);
 }
 
 HelpPage* HelpPages::Page(int page) const {
