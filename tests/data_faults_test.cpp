@@ -10,7 +10,7 @@
 #include <string>
 
 #include "data/data_file.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 
 namespace trickhaven {
 namespace {

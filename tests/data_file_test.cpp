@@ -8,7 +8,7 @@
 
 #include "data/data_folder.h"
 #include "game/hand_setup.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 
 namespace trickhaven {
 namespace {

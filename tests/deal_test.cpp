@@ -5,7 +5,7 @@
 
 #include <map>
 
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "data/data_file.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
 #include "tools/sim/json_text.h"
 #include "tools/sim/simulation.h"

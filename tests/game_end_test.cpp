@@ -8,8 +8,8 @@
 #include <tuple>
 
 #include "game/session.h"
-#include "tests/headless/headless_game.h"
-#include "tests/headless/player_policy.h"
+#include "headless/headless_game.h"
+#include "headless/player_policy.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {

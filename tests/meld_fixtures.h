@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {

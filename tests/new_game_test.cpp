@@ -3,8 +3,8 @@
 
 #include <sstream>
 
-#include "tests/headless/headless_game.h"
-#include "tests/headless/player_policy.h"
+#include "headless/headless_game.h"
+#include "headless/player_policy.h"
 
 namespace trickhaven {
 namespace {

@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "game/session.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {

@@ -9,7 +9,7 @@
 #include <tuple>
 
 #include "round_one/trick_cycle.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 
 namespace trickhaven {
 namespace {

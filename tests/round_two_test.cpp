@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "game/session.h"
-#include "tests/headless/player_policy.h"
+#include "headless/player_policy.h"
 #include "tests/meld_fixtures.h"
 
 namespace trickhaven {

@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "game/session.h"
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {

@@ -10,8 +10,8 @@
 #include <string>
 
 #include "game/game_state.h"
-#include "tests/headless/headless_table.h"
-#include "tests/headless/player_policy.h"
+#include "headless/headless_table.h"
+#include "headless/player_policy.h"
 
 namespace trickhaven {
 

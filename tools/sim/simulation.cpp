@@ -9,8 +9,8 @@
 #include <optional>
 
 #include "data/data_file.h"
-#include "tests/headless/headless_game.h"
-#include "tests/headless/player_policy.h"
+#include "headless/headless_game.h"
+#include "headless/player_policy.h"
 #include "tools/sim/chaos_policy.h"
 #include "tools/sim/process_probe.h"
 #include "tools/sim/table_checks.h"

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "game/game_state.h"
-#include "tests/headless/headless_table.h"
+#include "headless/headless_table.h"
 
 namespace trickhaven {
 

@@ -1,4 +1,4 @@
-#include "tests/headless/player_policy.h"
+#include "headless/player_policy.h"
 
 #include <array>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "tests/headless/headless_game.h"
+#include "headless/headless_game.h"
 
 #include <unistd.h>
 

@@ -11,7 +11,7 @@
 
 #include "forms/table_view.h"
 #include "game/game_state.h"
-#include "tests/headless/headless_table.h"
+#include "headless/headless_table.h"
 
 namespace trickhaven {
 

@@ -1,4 +1,4 @@
-#include "tests/headless/headless_platform.h"
+#include "headless/headless_platform.h"
 
 #include "game/session.h"
 

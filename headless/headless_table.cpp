@@ -1,4 +1,4 @@
-#include "tests/headless/headless_table.h"
+#include "headless/headless_table.h"
 
 namespace trickhaven {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "game/game_state.h"
-#include "tests/headless/headless_platform.h"
-#include "tests/headless/headless_table.h"
+#include "headless/headless_platform.h"
+#include "headless/headless_table.h"
 
 namespace trickhaven {
 
