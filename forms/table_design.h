@@ -107,8 +107,4 @@ std::span<const StatusPanelDesign> StatusPanels();
 // Top-level entries, each followed by its items.
 std::span<const MenuDesign> TableMenu();
 
-// The object name of the control behind a view enum.
-const char* ControlName(TableControl control);
-const char* LabelName(TableLabel label);
-
 }  // namespace trickhaven

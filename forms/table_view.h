@@ -42,6 +42,64 @@ enum class TableLabel {
     LblTotScoreC,
 };
 
+// The object name of the control behind a view enum, in the window and in
+// the headless table's record of play.
+inline const char* ControlName(TableControl control) {
+    switch (control) {
+        case TableControl::FramDeclare:
+            return "FramDeclare";
+        case TableControl::FramMarriage:
+            return "FramMarriage";
+        case TableControl::FramMeldHelp:
+            return "FramMeldHelp";
+        case TableControl::LblKnock:
+            return "LblKnock";
+        case TableControl::LblStock:
+            return "LblStock";
+        case TableControl::CmdSort:
+            return "CmdSort";
+    }
+    return "";
+}
+
+inline const char* LabelName(TableLabel label) {
+    switch (label) {
+        case TableLabel::LblBotsName:
+            return "LblBotsName";
+        case TableLabel::LblPlayer:
+            return "LblPlayer0";
+        case TableLabel::LblPname:
+            return "LblPname1";
+        case TableLabel::LblBName:
+            return "LblBName";
+        case TableLabel::LblStock:
+            return "LblStock";
+        case TableLabel::CmdSort:
+            return "CmdSort";
+        case TableLabel::LblLastTrickP:
+            return "LblLastTrickP";
+        case TableLabel::LblTotTricksP:
+            return "LblTotTricksP";
+        case TableLabel::LblLastMeldP:
+            return "LblLastMeldP";
+        case TableLabel::LblTotalMeldsP:
+            return "LblTotalMeldsP";
+        case TableLabel::LblTotalScoreP:
+            return "LblTotalScoreP";
+        case TableLabel::LblLastTrickC:
+            return "LblLastTrickC";
+        case TableLabel::LblTotTricskC:
+            return "LblTotTricskC";
+        case TableLabel::LbllLastMeldC:
+            return "LbllLastMeldC";
+        case TableLabel::LblTotMeldsC:
+            return "LblTotMeldsC";
+        case TableLabel::LblTotScoreC:
+            return "LblTotScoreC";
+    }
+    return "";
+}
+
 // Everything the table hands to the logic: clicks on its controls, the menu
 // commands and the close box. The help pages and the About box touch nothing
 // of the game and stay within the forms.

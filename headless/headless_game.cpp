@@ -26,6 +26,8 @@ std::filesystem::path FreshFolder() {
 HeadlessGame::HeadlessGame(std::uint64_t seed)
     : platform(seed), game(table, platform), folder(FreshFolder()) {
     platform.game = &game;
+    platform.table = &table;
+    table.clock = [this] { return platform.TickCount(); };
     game.DataFolder = folder;
 }
 

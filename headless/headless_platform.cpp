@@ -11,6 +11,7 @@ HeadlessPlatform::HeadlessPlatform(std::uint64_t seed) {
 void HeadlessPlatform::PlaySound(const std::string& file) {
     ++soundsPlayed;
     if (keepHistory) sounds.push_back(file);
+    if (table != nullptr) table->Note("sound " + file);
 }
 
 void HeadlessPlatform::Advance(std::uint32_t milliseconds) {

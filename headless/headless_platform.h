@@ -14,6 +14,7 @@
 #include "forms/platform.h"
 #include "forms/table_view.h"
 #include "game/card_random.h"
+#include "headless/headless_table.h"
 
 namespace trickhaven {
 
@@ -39,6 +40,8 @@ public:
 
     // Where served events go.
     Game* game = nullptr;
+    // Where sounds are noted in the record of play, when set.
+    HeadlessTable* table = nullptr;
     // Events served first, in order.
     std::deque<TableEvent> script;
     // Asked when the script is empty; nothing means no event this round.

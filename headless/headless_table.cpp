@@ -21,12 +21,14 @@ HeadlessTable::HeadlessTable() {
 
 void HeadlessTable::SetCardImage(int card, int image) {
     cards_.at(static_cast<std::size_t>(card)).image = image;
+    Note("image " + std::to_string(card) + " " + std::to_string(image));
 }
 
 void HeadlessTable::MoveCard(int card, int left, int top) {
     CardPicture& picture = cards_.at(static_cast<std::size_t>(card));
     picture.left = left;
     picture.top = top;
+    Note("move " + std::to_string(card) + " " + std::to_string(left) + " " + std::to_string(top));
 }
 
 int HeadlessTable::CardLeft(int card) const {
@@ -42,10 +44,12 @@ void HeadlessTable::BringCardToFront(int card) {
 
 void HeadlessTable::SetCardVisible(int card, bool visible) {
     cards_.at(static_cast<std::size_t>(card)).visible = visible;
+    Note("card " + std::to_string(card) + (visible ? " shown" : " hidden"));
 }
 
 void HeadlessTable::SetControlVisible(TableControl control, bool visible) {
     visible_[control] = visible;
+    Note((visible ? "show " : "hide ") + std::string(ControlName(control)));
 }
 
 bool HeadlessTable::IsControlVisible(TableControl control) const {
@@ -56,6 +60,7 @@ void HeadlessTable::BringControlToFront(TableControl /*control*/) {}
 
 void HeadlessTable::SetCaption(TableLabel label, const std::string& text) {
     captions_[label] = text;
+    Note("caption " + std::string(LabelName(label)) + " " + text);
 }
 
 std::string HeadlessTable::Caption(TableLabel label) const {
@@ -66,6 +71,7 @@ void HeadlessTable::SetPanelText(int panel, const std::string& text) {
     panels_.at(static_cast<std::size_t>(panel)) = text;
     if (onPanelText) onPanelText(panel, text);
     if (keepHistory) panelHistory_.emplace_back(panel, text);
+    Note("panel " + std::to_string(panel) + " " + text);
 }
 
 void HeadlessTable::SetPanelPicture(int image) {
@@ -104,7 +110,12 @@ std::string HeadlessTable::AskInput(const std::string& prompt, const std::string
     return text;
 }
 
+void HeadlessTable::Note(const std::string& what) {
+    if (keepHistory) timeline.push_back(std::to_string(clock ? clock() : 0) + " " + what);
+}
+
 void HeadlessTable::Record(const MessageRecord& record) {
+    Note("message " + record.title);
     if (onMessage) onMessage(record);
     if (keepHistory) messages_.push_back(record);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -76,6 +77,15 @@ public:
     std::function<void(const MessageRecord&)> onMessage;
     // Off for long runs, where the records would only grow.
     bool keepHistory = true;
+
+    // Every change of the table, in order, as a line "<ms> <what> <args>":
+    // "move 17 5000 4000", "image 17 49", "card 17 hidden", "show FramDeclare",
+    // "caption LblStock Stock 22", "panel 2 <text>", "message <title>",
+    // "sound knock.wav". The time is the clock's, so the gaps between lines
+    // are the waits of the game.
+    std::vector<std::string> timeline;
+    std::function<std::int32_t()> clock;
+    void Note(const std::string& what);
 
 private:
     void Record(const MessageRecord& record);
