@@ -3,8 +3,6 @@
 #include <charconv>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
-#include <limits>
 #include <system_error>
 
 #if defined(__unix__)
@@ -15,8 +13,11 @@ namespace trickhaven {
 
 namespace {
 
-// A file bigger than this is no settings file of ours.
-constexpr std::uintmax_t kLargestDataFile = 1U << 20U;
+// More than a settings line could ever need; a bigger file is read no
+// further.
+constexpr std::size_t kLargestDataFile = 1U << 20U;
+
+constexpr std::int32_t kLongestSpeed = 5000;
 
 // The format has no escape: a double quote would end the name at the next
 // reading, and a line break would end the line. Both are written as
@@ -33,65 +34,98 @@ std::string StorableName(const std::string& name) {
     return out;
 }
 
+// Reads the fields of the first line in turn, each up to the next comma or
+// the line end, and notes whether anything did not read or was left over.
 class FieldReader {
 public:
-    explicit FieldReader(std::string_view text) : text_(text) {}
+    explicit FieldReader(std::string_view text) {
+        const std::size_t lineEnd = text.find('\n');
+        line_ = text.substr(0, lineEnd);
+        if (lineEnd != std::string_view::npos) {
+            if (line_.ends_with('\r')) line_.remove_suffix(1);
+            leftOver_ = lineEnd + 1 < text.size();
+        }
+    }
 
+    // A number as the program writes it, and nothing else in its field.
     template <typename Int>
     std::optional<Int> Number() {
-        const char* begin = text_.data() + pos_;
-        const char* end = text_.data() + text_.size();
+        const std::optional<std::string_view> field = Field();
         Int value{};
-        auto [next, error] = std::from_chars(begin, end, value);
-        if (error != std::errc{} || next == begin) {
-            return std::nullopt;
+        if (field) {
+            const char* end = field->data() + field->size();
+            const auto [next, error] = std::from_chars(field->data(), end, value);
+            if (error == std::errc{} && next == end) return value;
         }
-        pos_ += static_cast<std::size_t>(next - begin);
-        return value;
+        whole_ = false;
+        return std::nullopt;
     }
 
+    // A name between double quotes; one that lost its closing quote runs to
+    // the line end, as far as the text goes.
     std::optional<std::string> Quoted() {
-        if (pos_ >= text_.size() || text_[pos_] != '"') {
+        if (ended_ || pos_ >= line_.size() || line_[pos_] != '"') {
+            Field();
+            whole_ = false;
             return std::nullopt;
         }
-        const std::size_t close = text_.find('"', pos_ + 1);
+        const std::size_t close = line_.find('"', pos_ + 1);
+        std::string value(line_.substr(pos_ + 1, close - pos_ - 1));
         if (close == std::string_view::npos) {
-            return std::nullopt;
+            ended_ = true;
+            whole_ = false;
+        } else {
+            pos_ = close + 1;
+            if (!Field()->empty()) whole_ = false;
         }
-        std::string value(text_.substr(pos_ + 1, close - pos_ - 1));
-        pos_ = close + 1;
         return value;
     }
 
-    bool Comma() {
-        if (pos_ < text_.size() && text_[pos_] == ',') {
-            ++pos_;
-            return true;
-        }
-        return false;
-    }
-
-    bool LineEnd() const {
-        const std::string_view rest = text_.substr(pos_);
-        return rest.empty() || rest.front() == '\n' || rest.substr(0, 2) == "\r\n";
-    }
+    // Every field read, the last at the line end, and nothing after it.
+    bool Whole() const { return whole_ && ended_ && !leftOver_; }
 
 private:
-    std::string_view text_;
+    std::optional<std::string_view> Field() {
+        if (ended_) return std::nullopt;
+        const std::size_t comma = line_.find(',', pos_);
+        const std::string_view field = line_.substr(pos_, comma - pos_);
+        if (comma == std::string_view::npos) {
+            ended_ = true;
+        } else {
+            pos_ = comma + 1;
+        }
+        return field;
+    }
+
+    std::string_view line_;
     std::size_t pos_ = 0;
+    bool ended_ = false;
+    bool whole_ = true;
+    bool leftOver_ = false;
 };
 
-std::optional<std::string> ReadSmallFile(const std::filesystem::path& file) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || size > kLargestDataFile) {
-        return std::nullopt;
-    }
+// Reads no more than a settings line could ever need: a file bigger than
+// that never reads whole, and one that cannot be opened reads as empty.
+SettingsReading ReadSettingsFile(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        return std::nullopt;
-    }
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    std::string start(kLargestDataFile + 1, '\0');
+    in.read(start.data(), static_cast<std::streamsize>(start.size()));
+    start.resize(static_cast<std::size_t>(in.gcount()));
+    SettingsReading reading = ReadSettingsText(std::string_view(start).substr(0, kLargestDataFile));
+    reading.whole = reading.whole && start.size() <= kLargestDataFile;
+    return reading;
+}
+
+// A Data.dat that does not read whole may hold games won that the reading
+// lost: its bytes go beside it before a save replaces it. False when there
+// was something to keep and it could not be kept.
+bool KeepDamagedFile(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error) || ReadSettingsFile(file).whole) return true;
+    std::filesystem::path kept = file;
+    kept += ".unreadable";
+    return std::filesystem::copy_file(file, kept, std::filesystem::copy_options::overwrite_existing,
+                                      error);
 }
 
 void ApplySettings(Game& g, const SettingsLine& line) {
@@ -111,31 +145,30 @@ std::string FormatSettingsLine(const SettingsLine& line) {
            StorableName(line.OpponentName) + "\"," + std::to_string(line.TargetScore) + "\r\n";
 }
 
-std::optional<SettingsLine> ParseSettingsLine(std::string_view text) {
+SettingsReading ReadSettingsText(std::string_view text) {
     FieldReader reader(text);
-    SettingsLine line;
-    const auto playerWins = reader.Number<std::int32_t>();
-    if (!playerWins || !reader.Comma()) return std::nullopt;
-    const auto opponentWins = reader.Number<std::int32_t>();
-    if (!opponentWins || !reader.Comma()) return std::nullopt;
-    const auto speed = reader.Number<std::int16_t>();
-    if (!speed || !reader.Comma()) return std::nullopt;
-    auto playerName = reader.Quoted();
-    if (!playerName || !reader.Comma()) return std::nullopt;
-    auto opponentName = reader.Quoted();
-    if (!opponentName || !reader.Comma()) return std::nullopt;
-    const auto target = reader.Number<std::int16_t>();
-    if (!target || !reader.LineEnd()) return std::nullopt;
-    // A speed outside the range of sane waits would stall the table or
-    // overflow the paces built on it.
-    if (*speed < 0 || *speed > 5000) return std::nullopt;
-    line.PlayerWins = *playerWins;
-    line.OpponentWins = *opponentWins;
-    line.GameSpeed = *speed;
-    line.PlayerName = std::move(*playerName);
-    line.OpponentName = std::move(*opponentName);
-    line.TargetScore = *target;
-    return line;
+    const SettingsLine initial;
+    SettingsReading reading;
+    SettingsLine& line = reading.line;
+    line.PlayerWins = reader.Number<std::int32_t>().value_or(initial.PlayerWins);
+    line.OpponentWins = reader.Number<std::int32_t>().value_or(initial.OpponentWins);
+    const auto speed = reader.Number<std::int32_t>();
+    line.PlayerName = reader.Quoted().value_or(initial.PlayerName);
+    line.OpponentName = reader.Quoted().value_or(initial.OpponentName);
+    line.TargetScore = reader.Number<std::int16_t>().value_or(initial.TargetScore);
+    // The menu writes 25, 100 or 250; another wait a player could sit
+    // through is kept, but a longer or negative one would stall the table
+    // or overflow the paces built on it.
+    const bool saneSpeed = speed && *speed >= 0 && *speed <= kLongestSpeed;
+    line.GameSpeed = saneSpeed ? static_cast<std::int16_t>(*speed) : initial.GameSpeed;
+    reading.whole = reader.Whole() && saneSpeed;
+    return reading;
+}
+
+std::optional<SettingsLine> ParseSettingsLine(std::string_view text) {
+    SettingsReading reading = ReadSettingsText(text);
+    if (!reading.whole) return std::nullopt;
+    return std::move(reading.line);
 }
 
 bool WriteFileWhole(const std::filesystem::path& file, std::string_view content) {
@@ -168,13 +201,12 @@ SettingsLine CurrentSettings(const Game& g) {
 }
 
 void ReadDataFile(Game& g) {
-    const auto text = ReadSmallFile(g.DataFolder / "Data.dat");
-    const auto line = text ? ParseSettingsLine(*text) : std::nullopt;
-    ApplySettings(g, line.value_or(SettingsLine{}));
+    ApplySettings(g, ReadSettingsFile(g.DataFolder / "Data.dat").line);
 }
 
 void SaveData(Game& g) {
-    WriteFileWhole(g.DataFolder / "Data.dat", FormatSettingsLine(CurrentSettings(g)));
+    const std::filesystem::path file = g.DataFolder / "Data.dat";
+    if (KeepDamagedFile(file)) WriteFileWhole(file, FormatSettingsLine(CurrentSettings(g)));
 }
 
 void SaveAllData(Game& g) {

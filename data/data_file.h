@@ -25,7 +25,15 @@ struct SettingsLine {
 // The line with its CR LF: 0,0,100,"Player","Lorinda",1000 for the defaults.
 std::string FormatSettingsLine(const SettingsLine& line);
 
-// The six fields, or nothing when the text is short, garbled or out of range.
+// The fields of the first line that read as their type, the initial values
+// for the rest, and whether the text is such a line and nothing else.
+struct SettingsReading {
+    SettingsLine line;
+    bool whole = true;
+};
+SettingsReading ReadSettingsText(std::string_view text);
+
+// The six fields when the text reads whole, or nothing.
 std::optional<SettingsLine> ParseSettingsLine(std::string_view text);
 
 // Writes the whole file through a temporary file and a rename, so that the
@@ -34,11 +42,13 @@ bool WriteFileWhole(const std::filesystem::path& file, std::string_view content)
 
 SettingsLine CurrentSettings(const Game& g);
 
-// Reads Data.dat into the settings; a missing or unreadable file leaves the
-// initial values.
+// Reads Data.dat into the settings, field by field: a missing file, or a
+// field that does not read, leaves the initial values.
 void ReadDataFile(Game& g);
 
 // Writes Data.dat; a failed write leaves the old file and the game going.
+// A Data.dat that does not read whole is first copied to
+// Data.dat.unreadable, and one that cannot be copied is left as it is.
 void SaveData(Game& g);
 
 // Writes All.dat on the way out.

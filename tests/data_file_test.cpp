@@ -1,14 +1,17 @@
-// Data.dat: the exact line, its reading, and what a bad file or a failed
-// write does.
+// Data.dat: the exact line, its reading field by field, and what a damaged
+// file or a failed write does.
 #include "data/data_file.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
+#include <tuple>
 
 #include "data/data_folder.h"
 #include "game/hand_setup.h"
 #include "headless/headless_game.h"
+#include "headless/player_policy.h"
 
 namespace trickhaven {
 namespace {
@@ -58,43 +61,73 @@ TEST(DataFile, QuotesAndLineBreaksInANameStillGiveAReadableFile) {
     EXPECT_EQ(parsed->OpponentName, "Lorinda");
 }
 
-TEST(DataFile, AMissingShortGarbledOrOversizedFileStartsWithTheInitialValues) {
-    const std::vector<std::pair<std::string, std::string>> files{
-        {"empty", ""},
-        {"short", "3,4,250,\"Bo\""},
-        {"letters for numbers", "x,4,250,\"Bo\",\"Al\",1000\r\n"},
-        {"unclosed quote", "3,4,250,\"Bo,\"Al,1000\r\n"},
-        {"blank before a field", "3, 4,250,\"Bo\",\"Al\",1000\r\n"},
-        {"speed beyond 16 bits", "3,4,99999,\"Bo\",\"Al\",1000\r\n"},
-        {"negative speed", "3,4,-100,\"Bo\",\"Al\",1000\r\n"},
-        {"trailing field", "3,4,250,\"Bo\",\"Al\",1000,9\r\n"},
-        {"binary", std::string("\0\xff\xfe,\x01", 5)},
-        {"oversized", std::string(2U << 20U, '7')},
-    };
-    for (const auto& [what, bytes] : files) {
-        SCOPED_TRACE(what);
-        HeadlessGame hg;
-        WriteRaw(hg.folder / "Data.dat", bytes);
-        Form_Load(hg.game);
-        EXPECT_EQ(hg.game.GameStats[1], 0);
-        EXPECT_EQ(hg.game.GameStats[2], 0);
-        EXPECT_EQ(hg.game.GameSpeed, 100);
-        EXPECT_EQ(hg.game.PlayerName, "Player");
-        EXPECT_EQ(hg.game.OpponentName, "Lorinda");
-    }
-    HeadlessGame missing;
-    Form_Load(missing.game);
-    EXPECT_EQ(missing.game.OpponentName, "Lorinda");
-    EXPECT_FALSE(std::filesystem::exists(missing.folder / "Data.dat")) << "reading writes nothing";
+// Starts the program on the file as it stands and plays three tricks at the
+// speed it gave, then saves twice.
+void PlayAndSave(HeadlessGame& hg) {
+    PlayerPolicy player(PolicyKind::First, 1);
+    hg.platform.script.push_back({TableEventKind::MenuNewGame});
+    hg.platform.policy = [&](Game& g) { return player.Next(g); };
+    hg.table.answerDeluxe = [&](const MessageRecord& m) { return player.Answer(m); };
+    hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn && g.TrickCount == 4; };
+    ASSERT_TRUE(hg.Run());
+    SaveData(hg.game);
+    SaveData(hg.game);
 }
 
-TEST(DataFile, AGoodLineWithAnLfEndingReadsToo) {
-    const auto parsed = ParseSettingsLine("12,3,25,\"A\",\"B\",750\n");
-    ASSERT_TRUE(parsed.has_value());
-    EXPECT_EQ(parsed->PlayerWins, 12);
-    EXPECT_EQ(parsed->OpponentWins, 3);
-    EXPECT_EQ(parsed->GameSpeed, 25);
-    EXPECT_EQ(parsed->TargetScore, 750);
+TEST(DataFile, EachFieldThatReadsIsKeptAndADamagedFileIsCopiedBesideBeforeTheFirstSave) {
+    const std::string megabyte(1U << 20U, 'x');
+    const std::string initial = "0,0,100,\"Player\",\"Lorinda\",1000\r\n";
+    // The file as found, the line the saves write, and whether the old bytes
+    // are kept beside it.
+    const std::vector<std::tuple<std::string, std::string, bool>> files{
+        {"12,3,25,\"A, B\",\"C\",750\n", "12,3,25,\"A, B\",\"C\",1000\r\n", false},
+        {"3,4,0,\"Bo\",\"Al\",300\r\n", "3,4,0,\"Bo\",\"Al\",1000\r\n", false},
+        {"3,4,5000,\"Bo\",\"Al\",-7", "3,4,5000,\"Bo\",\"Al\",1000\r\n", false},
+        {"3,4,5001,\"Bo\",\"Al\",1000\r\n", "3,4,100,\"Bo\",\"Al\",1000\r\n", true},
+        {"3,4,-1,\"Bo\",\"Al\",1000\r\n", "3,4,100,\"Bo\",\"Al\",1000\r\n", true},
+        {"3,4,99999,\"Bo\",\"Al\",1000\r\n", "3,4,100,\"Bo\",\"Al\",1000\r\n", true},
+        {"3, 4,25\r,\"Bo\",\"Al\",1000\r\n", "3,0,100,\"Bo\",\"Al\",1000\r\n", true},
+        {"99999999999,4,250,\"Bo\",\"Al\",\r\n", "0,4,250,\"Bo\",\"Al\",1000\r\n", true},
+        {"3,4,250,\"Bo\"x,Al,99999\r\n", "3,4,250,\"Bo\",\"Lorinda\",1000\r\n", true},
+        {"3,4,250,\"Bo", "3,4,250,\"Bo\",\"Lorinda\",1000\r\n", true},
+        {"3,4,250,\"Bo\",\"Al\",1000,9\r\n", "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
+        {"3,4,250,\"Bo\",\"Al\",1000\r\n" + megabyte, "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
+        {"", initial, true},
+        {std::string("\0\xff\xfe,\x01\"\x80", 7), initial, true},
+    };
+    for (const auto& [found, saved, kept] : files) {
+        SCOPED_TRACE(found.substr(0, 40));
+        HeadlessGame hg;
+        WriteRaw(hg.folder / "Data.dat", found);
+        WriteRaw(hg.folder / "Data.dat.unreadable", "an older damaged file");
+        PlayAndSave(hg);
+        EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), saved);
+        EXPECT_EQ(FileBytes(hg.folder / "Data.dat.unreadable"),
+                  kept ? found : "an older damaged file");
+    }
+}
+
+TEST(DataFile, ADirectoryInPlaceOfTheFileStartsFromTheInitialValuesAndIsLeftAsItIs) {
+    HeadlessGame hg;
+    std::filesystem::create_directory(hg.folder / "Data.dat");
+    PlayAndSave(hg);
+    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)),
+              "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    EXPECT_TRUE(std::filesystem::is_directory(hg.folder / "Data.dat"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(hg.folder), {}), 1);
+}
+
+TEST(DataFile, AFileThatCannotBeReadStartsFromTheInitialValuesAndIsNeverReplaced) {
+    if (::geteuid() == 0) GTEST_SKIP() << "root reads a file whatever its permissions say";
+    HeadlessGame hg;
+    WriteRaw(hg.folder / "Data.dat", "7,5,250,\"Bo\",\"Al\",1000\r\n");
+    std::filesystem::permissions(hg.folder / "Data.dat", std::filesystem::perms::none);
+    PlayAndSave(hg);
+    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)),
+              "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    std::filesystem::permissions(hg.folder / "Data.dat", std::filesystem::perms::owner_read);
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "7,5,250,\"Bo\",\"Al\",1000\r\n");
+    EXPECT_FALSE(std::filesystem::exists(hg.folder / "Data.dat.unreadable"));
 }
 
 TEST(DataFile, AFailedWriteLeavesTheOldFileWholeAndNoLitter) {
