@@ -20,13 +20,10 @@ void WriteRaw(const std::filesystem::path& file, const std::string& bytes) {
     std::ofstream(file, std::ios::binary) << bytes;
 }
 
+const std::string kInitialLine = "0,0,100,\"Player\",\"Lorinda\",1000\r\n";
+
 TEST(DataFile, TheDefaultLineByteForByte) {
-    EXPECT_EQ(FormatSettingsLine(SettingsLine{}), "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
-    HeadlessGame hg;
-    WriteRaw(hg.folder / "Data.dat", "");
-    Form_Load(hg.game);
-    SaveData(hg.game);
-    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    EXPECT_EQ(FormatSettingsLine(SettingsLine{}), kInitialLine);
 }
 
 TEST(DataFile, NamesWithCommasBlanksAndLettersBeyondAsciiSurviveASaveAndAReload) {
@@ -76,7 +73,6 @@ void PlayAndSave(HeadlessGame& hg) {
 
 TEST(DataFile, EachFieldThatReadsIsKeptAndADamagedFileIsCopiedBesideBeforeTheFirstSave) {
     const std::string megabyte(1U << 20U, 'x');
-    const std::string initial = "0,0,100,\"Player\",\"Lorinda\",1000\r\n";
     // The file as found, the line the saves write, and whether the old bytes
     // are kept beside it.
     const std::vector<std::tuple<std::string, std::string, bool>> files{
@@ -88,12 +84,14 @@ TEST(DataFile, EachFieldThatReadsIsKeptAndADamagedFileIsCopiedBesideBeforeTheFir
         {"3,4,99999,\"Bo\",\"Al\",1000\r\n", "3,4,100,\"Bo\",\"Al\",1000\r\n", true},
         {"3, 4,25\r,\"Bo\",\"Al\",1000\r\n", "3,0,100,\"Bo\",\"Al\",1000\r\n", true},
         {"99999999999,4,250,\"Bo\",\"Al\",\r\n", "0,4,250,\"Bo\",\"Al\",1000\r\n", true},
-        {"3,4,250,\"Bo\"x,Al,99999\r\n", "3,4,250,\"Bo\",\"Lorinda\",1000\r\n", true},
+        {"3,4,250,\"Bo\" ,\"Al\",1000\r\n", "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
+        {"3,4,250,\"Bo\",Al,1000\r\n", "3,4,250,\"Bo\",\"Lorinda\",1000\r\n", true},
+        {"3,4,250,\"Bo\",\"Al\",99999\r\n", "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
         {"3,4,250,\"Bo", "3,4,250,\"Bo\",\"Lorinda\",1000\r\n", true},
         {"3,4,250,\"Bo\",\"Al\",1000,9\r\n", "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
         {"3,4,250,\"Bo\",\"Al\",1000\r\n" + megabyte, "3,4,250,\"Bo\",\"Al\",1000\r\n", true},
-        {"", initial, true},
-        {std::string("\0\xff\xfe,\x01\"\x80", 7), initial, true},
+        {"", kInitialLine, true},
+        {std::string("\0\xff\xfe,\x01\"\x80", 7), kInitialLine, true},
     };
     for (const auto& [found, saved, kept] : files) {
         SCOPED_TRACE(found.substr(0, 40));
@@ -107,14 +105,20 @@ TEST(DataFile, EachFieldThatReadsIsKeptAndADamagedFileIsCopiedBesideBeforeTheFir
     }
 }
 
-TEST(DataFile, ADirectoryInPlaceOfTheFileStartsFromTheInitialValuesAndIsLeftAsItIs) {
+TEST(DataFile, ADirectoryInPlaceOfTheFileOrOfItsCopyIsLeftAsItIsAndNothingIsReplaced) {
     HeadlessGame hg;
     std::filesystem::create_directory(hg.folder / "Data.dat");
     PlayAndSave(hg);
-    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)),
-              "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)), kInitialLine);
+    EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "x"));
     EXPECT_TRUE(std::filesystem::is_directory(hg.folder / "Data.dat"));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(hg.folder), {}), 1);
+
+    std::filesystem::rename(hg.folder / "Data.dat", hg.folder / "Data.dat.unreadable");
+    WriteRaw(hg.folder / "Data.dat", "7,x");
+    SaveData(hg.game);
+    EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "7,x")
+        << "a damaged file is replaced only once copied";
 }
 
 TEST(DataFile, AFileThatCannotBeReadStartsFromTheInitialValuesAndIsNeverReplaced) {
@@ -123,8 +127,7 @@ TEST(DataFile, AFileThatCannotBeReadStartsFromTheInitialValuesAndIsNeverReplaced
     WriteRaw(hg.folder / "Data.dat", "7,5,250,\"Bo\",\"Al\",1000\r\n");
     std::filesystem::permissions(hg.folder / "Data.dat", std::filesystem::perms::none);
     PlayAndSave(hg);
-    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)),
-              "0,0,100,\"Player\",\"Lorinda\",1000\r\n");
+    EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)), kInitialLine);
     std::filesystem::permissions(hg.folder / "Data.dat", std::filesystem::perms::owner_read);
     EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "7,5,250,\"Bo\",\"Al\",1000\r\n");
     EXPECT_FALSE(std::filesystem::exists(hg.folder / "Data.dat.unreadable"));
