@@ -72,7 +72,7 @@ void PlayAndSave(HeadlessGame& hg) {
 }
 
 TEST(DataFile, EachFieldThatReadsIsKeptAndADamagedFileIsCopiedBesideBeforeTheFirstSave) {
-    const std::string megabyte(1U << 20U, 'x');
+    const std::string megabyte(1000000, 'x');
     // The file as found, the line the saves write, and whether the old bytes
     // are kept beside it.
     const std::vector<std::tuple<std::string, std::string, bool>> files{
