@@ -59,7 +59,7 @@ TEST(DataFile, QuotesAndLineBreaksInANameStillGiveAReadableFile) {
 }
 
 // Starts the program on the file as it stands and plays three tricks at the
-// speed it gave, then saves twice.
+// speed it gave, then saves twice: the second save of a run copies nothing.
 void PlayAndSave(HeadlessGame& hg) {
     PlayerPolicy player(PolicyKind::First, 1);
     hg.platform.script.push_back({TableEventKind::MenuNewGame});
