@@ -96,13 +96,13 @@ void TableStatusBar::resizeEvent(QResizeEvent*) {
         left += design.width;
     }
     // In a window narrower than the design the font steps down until every
-    // panel's design text shows whole again.
+    // panel's widest text shows whole again.
     QFont shrunk = font();
     shrunk.setPixelSize(PointsToPixels(StatusBarFont.points));
     const auto allFit = [&] {
         std::size_t panel = 0;
         for (const StatusPanelDesign& design : StatusPanels()) {
-            if (!CaptionFitsBox(design.text, shrunk, panels_.at(panel++)->contentsRect().size(),
+            if (!CaptionFitsBox(design.widest, shrunk, panels_.at(panel++)->contentsRect().size(),
                                 false)) {
                 return false;
             }
