@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QStyle>
 
+#include "forms/caption_fit.h"
 #include "forms/card_art.h"
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
@@ -107,6 +108,7 @@ FrmAbout::FrmAbout(QWidget* parent)
         AddButton(this, "cmdSysInfo", {4260, 3075, 1245, 345}, QStringLiteral("&System Info..."));
     connect(sysInfo, &QPushButton::clicked, this, &FrmAbout::StartSysInfo);
     setAccessibleName(windowTitle());
+    FitCaptions(*this);
 }
 
 void FrmAbout::SetSystemInfoSearch(QStringList tools, QStringList folders) {

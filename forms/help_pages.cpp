@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "forms/caption_fit.h"
 #include "forms/help_design.h"
 #include "forms/help_texts.h"
 #include "forms/table_widgets.h"
@@ -65,6 +66,7 @@ HelpPage::HelpPage(int page, CardArt& art)
     AddPictures(design, art);
     AddLabels(design);
     AddButtons(design);
+    FitCaptions(*this);
     if (keepsPrint_) {
         const qreal ratio = devicePixelRatioF();
         keptPrint_ = QPixmap(size() * ratio);
@@ -144,10 +146,6 @@ void HelpPage::AddLabels(const HelpPageDesign& design) {
         label->setFont(PageFont(HelpLabelPoints));
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         label->setWordWrap(true);
-        // The font engine may break a caption into more lines than its
-        // design height holds; the label grows downwards rather than lose words.
-        label->resize(label->width(),
-                      std::max(label->height(), label->heightForWidth(label->width())));
     }
 }
 

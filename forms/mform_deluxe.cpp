@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms/caption_fit.h"
 #include "forms/card_art.h"
 #include "forms/twips.h"
 
@@ -146,10 +147,14 @@ void MFormDeluxe::Prepare(const QString& message, const QString& button0, const 
 
     label3_->setGeometry(TwipsRect(45, 60, w - 90, 300));
     label3_->setText(QStringLiteral("   ") + title);
+    FitCaption(*label3_);
 
     label1_[0]->setText(button0);
     label1_[1]->setText(button1);
     label1_[2]->setText(button2);
+    for (QLabel* caption : label1_) {
+        FitCaption(*caption);
+    }
 
     const double buttonWidth = PixelsToTwips(pic1_[0]->width());
     for (int i = 0; i < 3; ++i) {

@@ -7,7 +7,9 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QShortcutEvent>
+#include <QVBoxLayout>
 
+#include "forms/caption_fit.h"
 #include "forms/card_picture.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
@@ -41,17 +43,27 @@ PinochleTable::PinochleTable(QWidget* parent)
     surface_->setPalette(colours);
     surface_->setAutoFillBackground(true);
     surface_->setFont(DesignFont(TableFont));
-    surface_->resize(TwipsToPixels(TableClientWidth), TwipsToPixels(TableClientHeight));
+    // The table above the status bar; the bar runs along the window's foot
+    // at any size, while the table scales as one picture.
+    surface_->resize(TwipsToPixels(TableClientWidth), TwipsToPixels(StatusBarPlace.top));
 
     BuildControls();
-    statusBar_ = new TableStatusBar(surface_);
     BuildCards();
     BuildMenu();
-    setCentralWidget(new TableScaler(surface_, this));
+    auto* client = new QWidget(this);
+    client->setObjectName("TableClient");
+    auto* layout = new QVBoxLayout(client);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new TableScaler(surface_, client), 1);
+    statusBar_ = new TableStatusBar(client);
+    layout->addWidget(statusBar_);
+    setCentralWidget(client);
 
     // The table takes no input while the game's own message box is up.
     deluxe_.setWindowModality(Qt::ApplicationModal);
-    resize(surface_->width(), surface_->height() + menuBar()->sizeHint().height());
+    resize(TwipsToPixels(TableClientWidth),
+           TwipsToPixels(TableClientHeight) + menuBar()->sizeHint().height());
 }
 
 void PinochleTable::SetEventHandler(TableEventHandler handler) {
@@ -89,6 +101,12 @@ void PinochleTable::BuildControls() {
     for (const StrokeDesign& design : TableStrokes()) {
         controls_[design.name] =
             BuildStroke(design, *design.container ? Control(design.container) : surface_);
+    }
+    // With every neighbour in place, each caption knows its room.
+    for (const ControlDesign& design : TableControls()) {
+        if (!design.widthFollowsText && design.kind != ControlKind::Panel) {
+            FitCaption(*Control(design.name));
+        }
     }
 }
 
@@ -212,12 +230,15 @@ void PinochleTable::SetCaption(TableLabel label, const std::string& text) {
     QWidget* widget = Control(LabelName(label));
     if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
         button->setText(FromGame(text));
+        FitCaption(*button);
         return;
     }
     auto* caption = qobject_cast<QLabel*>(widget);
     caption->setText(FromGame(text));
     if (widthFollowsText_.contains(caption)) {
         FitWidthToText(*caption);
+    } else {
+        FitCaption(*caption);
     }
 }
 

@@ -301,10 +301,10 @@ constexpr auto Strokes = std::to_array<StrokeDesign>({
 });
 
 constexpr auto Panels = std::to_array<StatusPanelDesign>({
-    {3000, "Trump", "Current Trumps"},
-    {7000, "General Information", "General Information"},
-    {1440, "Tricks", ""},
-    {1440, "Rounds", ""},
+    {3000, "Trump", "Current Trumps", "Diamonds are Trumps"},
+    {7000, "General Information", "General Information", "General Information"},
+    {1440, "Tricks", "", "Tricks 24"},
+    {1440, "Rounds", "", "Round 2"},
 });
 
 constexpr auto Menu = std::to_array<MenuDesign>({

@@ -78,6 +78,9 @@ struct StatusPanelDesign {
     int width = 0;
     const char* text = "";
     const char* toolTip = "";
+    // The widest text of fixed words the panel shows, in play or at design;
+    // the running commentary with its names is none of them.
+    const char* widest = "";
 };
 
 inline constexpr TwipsBox StatusBarPlace{0, 11685, 12885, 495};

@@ -37,6 +37,10 @@ public:
     // Panels 1 to 4.
     StatusPanel& Panel(int panel);
 
+protected:
+    // The panels share the bar's width in the design's proportions.
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     std::array<StatusPanel*, 4> panels_{};
 };

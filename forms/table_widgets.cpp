@@ -9,6 +9,10 @@
 
 namespace trickhaven {
 
+TableButton::TableButton(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
+    setContentsMargins(2, 2, 2, 2);
+}
+
 bool TableButton::event(QEvent* event) {
     if (event->type() == QEvent::Shortcut) {
         animateClick();
@@ -24,7 +28,7 @@ void TableButton::paintEvent(QPaintEvent*) {
     qDrawWinButton(&painter, rect(), colours, isDown(), &face);
     // A pressed button's caption sinks by a pixel, as its bevel does.
     const int sink = isDown() ? 1 : 0;
-    const QRect caption = rect().adjusted(2 + sink, 2 + sink, -2 + sink, -2 + sink);
+    const QRect caption = contentsRect().translated(sink, sink);
     style()->drawItemText(&painter, caption, Qt::AlignCenter | Qt::TextShowMnemonic, colours,
                           isEnabled(), text(), QPalette::ButtonText);
     if (hasFocus()) {
@@ -50,6 +54,8 @@ void ClickableLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 TablePanel::TablePanel(const QString& title, QWidget* parent) : QWidget(parent), title_(title) {
     setAutoFillBackground(true);
+    // Inside the etched border.
+    setContentsMargins(2, 2, 2, 2);
 }
 
 void TablePanel::paintEvent(QPaintEvent*) {

@@ -16,7 +16,8 @@ namespace trickhaven {
 class TableButton : public QPushButton {
     Q_OBJECT
 public:
-    using QPushButton::QPushButton;
+    // The bevel takes two pixels of each edge; the caption has the rest.
+    TableButton(const QString& caption, QWidget* parent);
 
 protected:
     bool event(QEvent* event) override;

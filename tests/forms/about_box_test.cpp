@@ -84,7 +84,8 @@ TEST_F(AboutBoxTest, ControlsStandWhereDesignedWithTheirTexts) {
     };
     const Case cases[] = {
         {"lblTitle", 1050, 240, 3885, 480, 12, kLabelBack, "Trickhaven"},
-        {"lblVersion", 1050, 780, 3885, 225, 10.5, kLabelBack, "Version 2.0.7"},
+        // A size smaller, so that its line fits the label's height whole.
+        {"lblVersion", 1050, 780, 3885, 225, 9.75, kLabelBack, "Version 2.0.7"},
         {"lblDescription", 1050, 1125, 3885, 1170, 12, kLabelBack,
          "A fascinating game of cards which can keep you happy for many hours."},
         {"lblDisclaimer", 255, 2625, 3870, 825, 12, kLabelBack, nullptr},

@@ -43,9 +43,13 @@ PinochleTable& DesignTable() {
 }
 
 QWidget* FindControl(QWidget& form, const char* name) {
-    // The table's controls lie on its surface, which the window shows scaled.
+    // The table's controls lie on its surface, which the window shows scaled;
+    // the status bar lies on the window.
     auto* table = qobject_cast<PinochleTable*>(&form);
-    auto* control = (table ? *table->Surface() : form).findChild<QWidget*>(name);
+    QWidget* control = table ? table->Surface()->findChild<QWidget*>(name) : nullptr;
+    if (!control) {
+        control = form.findChild<QWidget*>(name);
+    }
     EXPECT_NE(control, nullptr) << name;
     return control;
 }

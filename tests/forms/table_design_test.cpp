@@ -87,8 +87,10 @@ const Expected Rows[] = {
     {"Label13", 480, 480, 1095, 255, Pink, Black, 9.75, 1, 0, 0, "Last Trick:-"},
     {"Label10", 480, 840, 1215, 255, Pink, Black, 9.75, 1, 0, 0, "Total Tricks:-"},
     {"Label11", 480, 1200, 1095, 255, Pink, Black, 9.75, 1, 0, 0, "Last Meld:-"},
-    {"Label6", 480, 1560, 1095, 255, Pink, Black, 9.75, 1, 0, 0, "Total Melds:-"},
-    {"Label3", 120, 2040, 1455, 255, Pink, Black, 11.25, 1, 0, 1, "TOTAL SCORE"},
+    // A pixel wider to hold its caption, as is "Label8".
+    {"Label6", 480, 1560, 1110, 255, Pink, Black, 9.75, 1, 0, 0, "Total Melds:-"},
+    // Grown around its centre to hold its caption in Liberation Serif.
+    {"Label3", 60, 2040, 1590, 255, Pink, Black, 11.25, 1, 0, 1, "TOTAL SCORE"},
     {"LblLastTrickC", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastTrick},
     {"LblTotTricskC", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", TotalTricks},
     {"LbllLastMeldC", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastMeld},
@@ -98,8 +100,9 @@ const Expected Rows[] = {
     {"Label2", 480, 480, 1095, 255, Apricot, Black, 9.75, 1, 0, 0, "Last Trick:-"},
     {"Label5", 480, 840, 1215, 255, Apricot, Black, 9.75, 1, 0, 0, "Total Tricks:-"},
     {"LastMeld", 480, 1200, 1095, 255, Apricot, Black, 9.75, 1, 0, 0, "Last Meld:-"},
-    {"Label8", 480, 1560, 1095, 255, Apricot, Black, 9.75, 1, 0, 0, "Total Melds:-"},
-    {"LblTotal", 240, 2040, 1335, 255, Apricot, Black, 11.25, 1, 0, 1, "TOTAL SCORE"},
+    {"Label8", 480, 1560, 1110, 255, Apricot, Black, 9.75, 1, 0, 0, "Total Melds:-"},
+    // Grown up to its figure, then a size smaller, to hold its caption.
+    {"LblTotal", 165, 2040, 1485, 255, Apricot, Black, 10.5, 1, 0, 1, "TOTAL SCORE"},
     {"LblLastTrickP", 1680, 480, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastTrick},
     {"LblTotTricksP", 1680, 840, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", TotalTricks},
     {"LblLastMeldP", 1680, 1200, 615, 255, Mint, Black, 9.75, 1, 0, 0, "0", LastMeld},
@@ -183,10 +186,10 @@ INSTANTIATE_TEST_SUITE_P(Table, ControlDesignTest, ::testing::ValuesIn(Rows),
 TEST(TableDesignTest, SurfaceStatusBarLinesAndOutlines) {
     QWidget* surface = DesignTable().Surface();
     ExpectTwips("client width", 12885, surface->width());
-    ExpectTwips("client height", 12180, surface->height());
     EXPECT_EQ(surface->palette().color(QPalette::Window).rgb(), qRgb(0, 64, 64));
     QWidget* statusBar = FindControl(DesignTable(), "StatusBar1");
     ASSERT_NE(statusBar, nullptr);
+    ExpectTwips("client height", 12180, surface->height() + statusBar->height());
     ExpectTwips("status bar top", 11685, statusBar->y());
     ExpectTwips("status bar height", 495, statusBar->height());
     const std::tuple<const char*, const char*, QRgb> strokes[] = {

@@ -1,9 +1,11 @@
 // A window of any size shows the table as one picture: scaled evenly,
 // centred, every position in proportion, and clicks landing on the control
-// drawn under the pointer.
+// drawn under the pointer; the menu bar and the status bar span the window's
+// top and foot.
 #include <gtest/gtest.h>
 
 #include <QGraphicsView>
+#include <QMenuBar>
 #include <QTest>
 #include <algorithm>
 
@@ -14,7 +16,7 @@ namespace trickhaven {
 namespace {
 
 constexpr int TableWidth = 859;
-constexpr int TableHeight = 812;
+constexpr int TableHeight = 779;
 
 const QSize Rooms[] = {
     {TableWidth, TableHeight}, {1288, 1218}, {1718, 1000}, {600, 900}, {500, 430}, {1200, 1624}};
@@ -31,8 +33,8 @@ protected:
 
     // Resizes the window so that the table's room is the given size.
     void GiveRoom(QSize room) {
-        const int menu = table.height() - view->viewport()->height();
-        table.resize(room.width(), room.height() + menu);
+        const int bars = table.height() - view->viewport()->height();
+        table.resize(room.width(), room.height() + bars);
         ASSERT_TRUE(QTest::qWaitFor([&] { return view->viewport()->size() == room; }, 2000));
     }
 
@@ -61,8 +63,9 @@ protected:
 TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAtAnySize) {
     table.MoveCard(10, 1200, 7800);
     table.MoveCard(11, 7000, 1500);
-    const char* names[] = {"PicCard10",   "PicCard11",  "PicCard20", "Frame1",     "FrameTricks",
-                           "LblBotsName", "LblPlayer0", "LblStock",  "StatusBar1", "Line3"};
+    const char* names[] = {"PicCard10",   "PicCard11",  "PicCard20", "Frame1", "FrameTricks",
+                           "LblBotsName", "LblPlayer0", "LblStock",  "Line3"};
+    QWidget* statusBar = FindControl(table, "StatusBar1");
     std::vector<QRect> designed;
     for (const char* name : names) {
         designed.push_back(FindControl(table, name)->geometry());
@@ -70,6 +73,11 @@ TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAtAnySize) {
     for (QSize room : Rooms) {
         GiveRoom(room);
         EXPECT_EQ(view->transform().isIdentity(), room == Rooms[0]);
+        const int menu = table.menuBar()->height();
+        EXPECT_EQ(table.menuBar()->geometry(), QRect(0, 0, table.width(), menu));
+        EXPECT_EQ(QRect(statusBar->mapTo(&table, QPoint(0, 0)), statusBar->size()),
+                  QRect(0, menu + room.height(), table.width(), 33));
+        EXPECT_EQ(FindControl(table, "StatusBar1Panel4")->geometry().right() + 1, table.width());
         for (std::size_t k = 0; k < std::size(names); ++k) {
             SCOPED_TRACE(testing::Message()
                          << names[k] << " in " << room.width() << " by " << room.height());

@@ -125,12 +125,11 @@ TEST_F(TableViewTest, CaptionsReadBackAsWritten) {
 TEST_F(TableViewTest, StatusPanelsShowTheirTextsAndTheTrumpPicture) {
     for (int panel = 1; panel <= 4; ++panel) {
         table.SetPanelText(panel, "text " + std::to_string(panel));
-        const auto* shown =
-            table.Surface()->findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
+        const auto* shown = table.findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
         ASSERT_NE(shown, nullptr);
         EXPECT_EQ(shown->Text(), QString("text %1").arg(panel));
     }
-    const auto* trumps = table.Surface()->findChild<StatusPanel*>("StatusBar1Panel1");
+    const auto* trumps = table.findChild<StatusPanel*>("StatusBar1Panel1");
     const qreal ratio = table.devicePixelRatioF();
     EXPECT_EQ(trumps->Picture().toImage(), CardArt::TrumpPanelPicture(ratio).toImage());
     table.SetPanelPicture(53);
