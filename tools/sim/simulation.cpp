@@ -27,14 +27,22 @@ constexpr std::int32_t kRestartAfterMs = 1 << 30;
 // Rounds of events with no card played: the game no longer moves.
 constexpr long kRoundsWithoutPlay = 200000;
 
+// Every settings command saves Data.dat and waits for the disk; a folder in
+// memory, where the system has one, keeps long runs from waiting on it.
+std::filesystem::path ScratchFolder() {
+    std::error_code error;
+    const std::filesystem::path memory = "/dev/shm";
+    return std::filesystem::is_directory(memory, error) ? memory
+                                                        : std::filesystem::temp_directory_path();
+}
+
 class SimFolder {
 public:
     explicit SimFolder(const std::filesystem::path& given) : path(given) {
         if (path.empty()) {
             static std::atomic<int> counter{0};
-            path =
-                std::filesystem::temp_directory_path() /
-                ("trickhaven-sim-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+            path = ScratchFolder() / ("trickhaven-sim-" + std::to_string(::getpid()) + "-" +
+                                      std::to_string(++counter));
             owned_ = true;
         }
         std::filesystem::create_directories(path);
@@ -48,18 +56,22 @@ public:
     SimFolder& operator=(const SimFolder&) = delete;
 
     // Puts a folder where each data file's temporary copy is written, so
-    // that every save fails; gives Data.dat as it stands (written first
-    // when there is none).
-    std::string BlockWrites() {
-        const auto data = path / "Data.dat";
-        if (!std::filesystem::exists(data)) {
-            WriteFileWhole(data, FormatSettingsLine(SettingsLine{}));
+    // that every save fails; gives both files as they stand (written first
+    // where there is none).
+    DataFiles BlockWrites() {
+        DataFiles texts;
+        for (std::size_t i = 0; i < kDataFileNames.size(); ++i) {
+            const auto file = path / kDataFileNames.at(i);
+            if (!std::filesystem::exists(file)) {
+                WriteFileWhole(file, FormatSettingsLine(SettingsLine{}));
+            }
+            const auto blocker = path / (std::string(kDataFileNames.at(i)) + ".tmp");
+            if (std::filesystem::create_directory(blocker)) blockers_.push_back(blocker);
+            std::ifstream in(file, std::ios::binary);
+            texts.at(i).assign(std::istreambuf_iterator<char>(in),
+                               std::istreambuf_iterator<char>());
         }
-        for (const char* name : {"Data.dat.tmp", "All.dat.tmp"}) {
-            if (std::filesystem::create_directory(path / name)) blockers_.push_back(path / name);
-        }
-        std::ifstream in(data, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        return texts;
     }
 
     std::filesystem::path path;
@@ -78,7 +90,7 @@ bool IsMenuCommand(TableEventKind kind) {
 class SimSession {
 public:
     SimSession(const SimOptions& options, SimReport& report, TableChecks& checks,
-               const std::filesystem::path& folder, const std::optional<std::string>& frozenData,
+               const std::filesystem::path& folder, const std::optional<DataFiles>& frozenData,
                std::uintptr_t stackBase)
         : options_(options),
           report_(report),
@@ -206,7 +218,7 @@ private:
     SimReport& report_;
     TableChecks& checks_;
     std::filesystem::path folder_;
-    const std::optional<std::string>& frozenData_;
+    const std::optional<DataFiles>& frozenData_;
     std::uintptr_t stackBase_;
     HeadlessGame hg_;
     PlayerPolicy player_;
@@ -234,7 +246,7 @@ SimReport Simulate(const SimOptions& options) {
     SimReport report;
     const std::uintptr_t stackBase = options.stackBase != 0 ? options.stackBase : StackMark();
     SimFolder folder(options.dataDir);
-    std::optional<std::string> frozenData;
+    std::optional<DataFiles> frozenData;
     if (options.failWrites) frozenData = folder.BlockWrites();
     TableChecks checks;
     // Each pass is one start of the program; it is started again after an

@@ -15,16 +15,20 @@
 
 namespace trickhaven {
 
+constexpr std::array<const char*, 2> kDataFileNames{"Data.dat", "All.dat"};
+// The texts of the two data files, in that order.
+using DataFiles = std::array<std::string, 2>;
+
 class TableChecks {
 public:
     // Each step of play, with the table just before it changes.
     void OnPlay(const Game& g, const PlayLogEvent& event);
     // A quiet moment: a round of events, or the return of an event handler.
     void OnRound(const Game& g);
-    // Data.dat and All.dat, where they exist, read back; with an expected
-    // text, Data.dat must hold exactly that.
+    // Data.dat and All.dat, where they exist, read back; while every write
+    // fails, they hold exactly what they held before.
     void CheckDataFiles(const std::filesystem::path& folder,
-                        const std::optional<std::string>& expectedData);
+                        const std::optional<DataFiles>& frozen);
 
     void Fail(const std::string& what);
 
@@ -35,7 +39,7 @@ public:
 private:
     void StartHand(const Game& g);
     void CheckCardPlayed(const Game& g, const PlayLogEvent& event);
-    void CheckLead(const Game& g);
+    void CheckLead(const Game& g, int trick);
     void CheckTrick(const Game& g, const PlayLogEvent& event);
     void CheckHandEnd(const Game& g);
     void CheckTotals(const Game& g, const char* when);
@@ -43,15 +47,21 @@ private:
     bool dealSeen_ = true;
     std::array<bool, CardCount + 1> played_{};
     std::array<bool, CardCount + 1> seenOnPile_{};
-    int trick_ = 0;
+    // Tricks booked in this hand; the one in play is the next.
+    int tricksDone_ = 0;
     std::array<int, 2> trickCards_{};
     std::array<int, 2> trickWho_{};
     int cardsInTrick_ = 0;
+    int lastWinner_ = 0;
+    int drawsSinceTrick_ = 0;
     int upCardAtDeal_ = 0;
     int dealer_ = 0;
     // Items 1 and 2: the player and the robot.
     std::array<int, 3> trickPoints_{};
     std::array<int, 3> meldPoints_{};
+    // The points of a meld made since the last trick, which may not be
+    // posted yet.
+    std::array<int, 3> meldInFlight_{};
     std::array<int, 3> totals_{};
 };
 
