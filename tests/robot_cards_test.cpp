@@ -75,7 +75,7 @@ TEST(RobotRoundOne, LeadsByItsList) {
                       {"pairs of aces: Clubs before Hearts", Spades, "AH AH AC AC", "", "AC"},
                       {"pairs of aces: Hearts before Spades", Diamonds, "AS AS AH AH", "", "AH"},
                       {"pairs of aces: only both copies pair", Spades, "AD AC2 AH AH", "", "AH"},
-                      {"a pair of trump aces before tens", Hearts, "AH AH TC TC", "", "AH"},
+                      {"a pair of trump aces before tens", Spades, "AS AS TC TC", "", "AS"},
                       {"pairs of tens: Diamonds before Clubs", Spades, "TD TD TC TC", "", "TD"},
                       {"pairs of tens: Clubs before Hearts", Spades, "TH TH TC TC", "", "TC"},
                       {"pairs of tens: Hearts before Spades", Diamonds, "TS TS TH TH", "", "TH"},
@@ -93,6 +93,7 @@ TEST(RobotRoundOne, LeadsByItsList) {
                       {"pairs of kings: Diamonds before Clubs", Spades, "KC KC KD KD", "", "KD"},
                       {"pairs of kings: Clubs before Hearts", Spades, "KH KH KC KC", "", "KC"},
                       {"pairs of kings: Hearts before Spades", Diamonds, "KS KS KH KH", "", "KH"},
+                      {"pairs of kings: Spades too", Hearts, "KS KS TC", "", "KS"},
                       {"no pair: a Club or Heart, not a Diamond", Hearts, "AD TC", "", "TC"},
                       {"no pair: a Club or Heart, not a Spade", Hearts, "JC AS", "", "JC"},
                       {"no pair: a Club or Heart, not a jack", Spades, "JC KH", "", "KH"},
@@ -124,12 +125,14 @@ TEST(RobotRoundOne, LowestCardKeepsThePinochleCardsBack) {
                       {"a queen before a king", Hearts, "KD QC", "AH", "QC"},
                       {"a king before a ten", Hearts, "TC KS", "AH", "KS"},
                       {"a ten before an ace", Hearts, "AC TS", "AH", "TS"},
+                      {"an ace before the pinochle cards", Hearts, "JD AC", "AH", "AC"},
                       {"the pinochle cards by the last pass", Hearts, "QS JD", "AH", "JD"}});
 }
 
 TEST(RobotRoundTwo, LeadsByItsList) {
     ExpectRows(false, {{"the ace of trumps first", Hearts, "AC AH", "", "AH"},
                        {"any ace before tens", Hearts, "TD AS", "", "AS"},
+                       {"tens, of Spades too, before cheap cards", Hearts, "KC TS", "", "TS"},
                        {"tens: Diamonds before Clubs", Hearts, "TD TC", "", "TD"},
                        {"tens: Clubs before Hearts", Hearts, "TH TC", "", "TC"},
                        {"tens: Hearts before Spades, trumps or not", Spades, "TS TH", "", "TH"},
@@ -146,6 +149,7 @@ TEST(RobotRoundTwo, FollowsByItsList) {
                        {"no winner: a queen before a king", Spades, "KH QH", "AH", "QH"},
                        {"no winner: a king before a ten", Spades, "TH KH", "AH", "KH"},
                        {"no winner: a ten before an equal ace", Spades, "AH TH", "AH", "TH"},
+                       {"no winner: the equal ace, last of the suit", Spades, "AH KC", "AH", "AH"},
                        {"the cheapest of the suit led", Spades, "KH NC", "AH", "KH"},
                        {"follows suit rather than trump", Spades, "KH AS", "NH", "KH"},
                        {"follows a trump led", Spades, "AS NC", "TS", "AS"},
