@@ -104,6 +104,7 @@ TEST_F(TableViewTest, CardsMeldButtonsSortAndTheKnockSendTheirEvents) {
          {TableControl::FramDeclare, TableControl::FramMarriage, TableControl::FramMeldHelp,
           TableControl::CmdSort, TableControl::LblKnock}) {
         table.SetControlVisible(control, true);
+        EXPECT_TRUE(table.IsControlVisible(control));
     }
     for (const char* name :
          {"CmdDBezique", "CmdBezique", "CmdSequence", "CmdFours0", "CmdFours1", "CmdFours2",
