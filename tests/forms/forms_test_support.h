@@ -1,5 +1,5 @@
-// What the widget tests share: the application, a table as it opens, and a
-// recorder of the events a table hands to the logic.
+// What the widget tests share: a control by its name, a point of it as the
+// window shows it, and a recorder of the events a table hands to the logic.
 #pragma once
 
 #include <QWidget>
@@ -8,9 +8,6 @@
 #include "forms/pinochle_table.h"
 
 namespace trickhaven {
-
-// A table fresh from its design, shown, that no test changes.
-PinochleTable& DesignTable();
 
 // A control of a form by its design name; fails the test when missing.
 QWidget* FindControl(QWidget& form, const char* name);

@@ -1,12 +1,16 @@
-// What the logic asks of the table, and the clicks the table hands back.
+// The table as it opens, what the logic asks of it, and the clicks, menu
+// entries and close box it hands back.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
-#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-#include <functional>
+#include <map>
 
 #include "forms/card_art.h"
 #include "forms/card_picture.h"
@@ -18,6 +22,7 @@ namespace trickhaven {
 namespace {
 
 using E = TableEventKind;
+using T = TableEvent;
 
 class TableViewTest : public ::testing::Test {
 protected:
@@ -32,64 +37,125 @@ protected:
 
     PinochleTable table;
     EventLog log;
+    CardArt art;
 };
 
-TEST_F(TableViewTest, ACardClickWithEitherButtonSendsTheCardButAPressReleasedOffItDoesNot) {
+TEST_F(TableViewTest, AtStartOnlyTheStockShowsEveryCardLiesFaceDownOnThePileAndAllAreNamed) {
+    for (int k = 0; k <= static_cast<int>(TableControl::CmdSort); ++k) {
+        const auto control = static_cast<TableControl>(k);
+        EXPECT_EQ(table.IsControlVisible(control), control == TableControl::LblStock) << k;
+    }
+    for (int card = 1; card <= 48; ++card) {
+        EXPECT_TRUE(Card(card)->isVisible() && Card(card)->pos() == QPoint(600, 192) &&
+                    Card(card)->accessibleName() == "card back")
+            << card;
+    }
+    // A screen reader finds a name for every control; lines and outlines only
+    // decorate the table.
+    for (QWidget* control : table.Surface()->findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        if (name.isEmpty() || name.contains(QRegularExpression("^(qt_|Line|Shape)"))) {
+            continue;
+        }
+        const QString spoken =
+            QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+        EXPECT_FALSE(spoken.trimmed().isEmpty()) << name.toStdString();
+    }
+}
+
+// Help and About send no event: the forms open them. The close box only asks
+// the logic, and the window stays.
+TEST_F(TableViewTest, EveryMenuEntryAndTheCloseBoxSendTheirEventsAndF1F2AndCtrlXReachTheirEntries) {
+    QSignalSpy help(&table, &PinochleTable::helpRequested);
+    QSignalSpy about(&table, &PinochleTable::aboutRequested);
+    std::map<QString, QAction*> byKey;
+    for (QAction* heading : table.menuBar()->actions()) {
+        for (QAction* entry : heading->menu() ? heading->menu()->actions() : QList{heading}) {
+            entry->trigger();
+            if (!entry->shortcut().isEmpty()) {
+                byKey[entry->shortcut().toString()] = entry;
+            }
+        }
+    }
+    for (const char* key : {"F2", "Ctrl+X", "F1"}) {
+        ASSERT_TRUE(byKey.contains(key)) << key;
+        byKey[key]->trigger();
+    }
+    EXPECT_FALSE(table.close());
+    EXPECT_TRUE(table.isVisible());
+    EXPECT_EQ(log.events,
+              (std::vector<T>{T{E::MenuNewGame}, T{E::MenuExit}, T{E::MenuYourName},
+                              T{E::MenuOpponentName}, T{E::MenuViewStatistics},
+                              T{E::MenuDeleteStatistics}, T{E::MenuTarget1000}, T{E::MenuTarget750},
+                              T{E::MenuTarget500}, T{E::MenuTarget300}, T{E::MenuReminder},
+                              T{E::MenuFast}, T{E::MenuMedium}, T{E::MenuSlow}, T{E::MenuNewGame},
+                              T{E::MenuExit}, T{E::CloseBox}}));
+    EXPECT_EQ(help.count(), 2);
+    EXPECT_EQ(about.count(), 1);
+}
+
+// A card takes either mouse button; a press released off it is no click.
+TEST_F(TableViewTest, CardsMeldButtonsSortAndTheKnockSendTheirEvents) {
     QTest::mouseClick(Card(7), Qt::LeftButton);
     QTest::mouseClick(Card(31), Qt::RightButton);
     QTest::mousePress(Card(5), Qt::LeftButton);
     QTest::mouseRelease(Card(5), Qt::LeftButton, {}, QPoint(-20, -20));
-    EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::CardClick, 7}, {E::CardClick, 31}}));
-}
-
-TEST_F(TableViewTest, PanelButtonsAndTheKnockSendTheirEvents) {
-    const std::pair<const char*, TableEvent> clicks[] = {
-        {"CmdDBezique", {E::DoublePinochleClick}},
-        {"CmdBezique", {E::PinochleClick}},
-        {"CmdSequence", {E::RunClick}},
-        {"CmdFours0", {E::FoursClick, 0}},
-        {"CmdFours1", {E::FoursClick, 1}},
-        {"CmdFours2", {E::FoursClick, 2}},
-        {"CmdFours3", {E::FoursClick, 3}},
-        {"cmdDec7Trumps", {E::DixClick}},
-        {"CmdMakeMarriage4", {E::MakeMarriageClick}},
-        {"CmdCancel", {E::CancelClick}},
-        {"CmdMarriage1", {E::MarriageClick, 1}},
-        {"CmdMarriage2", {E::MarriageClick, 2}},
-        {"CmdMarriage3", {E::MarriageClick, 3}},
-        {"CmdMarriage4", {E::MarriageClick, 4}},
-        {"Command1", {E::ReminderOkClick}},
-        {"CmdSort", {E::SortClick}},
-        {"LblKnock", {E::KnockClick}},
-    };
     for (TableControl control :
          {TableControl::FramDeclare, TableControl::FramMarriage, TableControl::FramMeldHelp,
           TableControl::CmdSort, TableControl::LblKnock}) {
         table.SetControlVisible(control, true);
         EXPECT_TRUE(table.IsControlVisible(control));
     }
-    for (const auto& [name, event] : clicks) {
-        log.events.clear();
+    for (const char* name :
+         {"CmdDBezique", "CmdBezique", "CmdSequence", "CmdFours0", "CmdFours1", "CmdFours2",
+          "CmdFours3", "cmdDec7Trumps", "CmdMakeMarriage4", "CmdCancel", "CmdMarriage1",
+          "CmdMarriage2", "CmdMarriage3", "CmdMarriage4", "Command1", "CmdSort", "LblKnock"}) {
         QTest::mouseClick(FindControl(table, name), Qt::LeftButton);
-        EXPECT_EQ(log.events, std::vector<TableEvent>{event}) << name;
     }
+    EXPECT_EQ(
+        log.events,
+        (std::vector<T>{
+            T{E::CardClick, 7}, T{E::CardClick, 31}, T{E::DoublePinochleClick}, T{E::PinochleClick},
+            T{E::RunClick}, T{E::FoursClick, 0}, T{E::FoursClick, 1}, T{E::FoursClick, 2},
+            T{E::FoursClick, 3}, T{E::DixClick}, T{E::MakeMarriageClick}, T{E::CancelClick},
+            T{E::MarriageClick, 1}, T{E::MarriageClick, 2}, T{E::MarriageClick, 3},
+            T{E::MarriageClick, 4}, T{E::ReminderOkClick}, T{E::SortClick}, T{E::KnockClick}}));
 }
 
-TEST_F(TableViewTest, CardsKeepTheirTwipsShowFacesOrBacksAndHide) {
+TEST_F(TableViewTest, CardsShowFacesOrBacksWhereTheyAreMovedAndHide) {
     table.MoveCard(12, 2507, 10080);
-    EXPECT_EQ(table.CardLeft(12), 2507);
-    EXPECT_EQ(table.CardTop(12), 10080);
     EXPECT_EQ(Card(12)->pos(), QPoint(167, 672));
-    table.SetCardImage(12, 43);
-    EXPECT_EQ(Card(12)->size(), QSize(71, 96));
-    EXPECT_EQ(Card(12)->accessibleName(), "Queen of Spades");
-    table.SetCardImage(12, CardBackImage);
-    EXPECT_EQ(Card(12)->size(), QSize(72, 98));
-    EXPECT_EQ(Card(12)->accessibleName(), "card back");
+    for (const auto& [image, name] :
+         {std::pair{43, "Queen of Spades"}, std::pair{CardBackImage, "card back"}}) {
+        table.SetCardImage(12, image);
+        EXPECT_EQ(qobject_cast<CardPicture*>(Card(12))->Picture().toImage(),
+                  art.Image(image, Card(12)->devicePixelRatioF()).toImage());
+        EXPECT_EQ(Card(12)->accessibleName(), name);
+    }
     table.SetCardVisible(12, false);
     EXPECT_FALSE(Card(12)->isVisible());
     table.SetCardVisible(12, true);
     EXPECT_TRUE(Card(12)->isVisible());
+}
+
+// A card takes its picture at the ratio of what it is painted on, in quarter
+// steps, and cards of one face share it.
+TEST_F(TableViewTest, CardsOfOneFaceShareOnePicturePerRatio) {
+    table.SetCardImage(5, 29);
+    table.SetCardImage(6, 29);
+    table.MoveCard(6, 7500, 7800);
+    const auto* card = qobject_cast<CardPicture*>(Card(5));
+    const qreal cases[][3] = {{1, 1, 1}, {2, 1, 2}, {1, 1.2, 1.25}, {1, 1, 1}};
+    for (const auto& [screen, scaling, ratio] : cases) {
+        QImage canvas(table.Surface()->size() * screen, QImage::Format_ARGB32_Premultiplied);
+        canvas.setDevicePixelRatio(screen);
+        QPainter painter(&canvas);
+        painter.scale(scaling, scaling);
+        table.Surface()->render(&painter);
+        EXPECT_EQ(card->Picture().toImage(), art.Image(29, ratio).toImage()) << ratio;
+        EXPECT_EQ(card->Picture().cacheKey(),
+                  qobject_cast<CardPicture*>(Card(6))->Picture().cacheKey());
+    }
 }
 
 TEST_F(TableViewTest, WhatIsBroughtToFrontLastCoversTheOthers) {
@@ -101,48 +167,31 @@ TEST_F(TableViewTest, WhatIsBroughtToFrontLastCoversTheOthers) {
     }
     table.SetControlVisible(TableControl::FramDeclare, true);
     table.SetControlVisible(TableControl::FramMeldHelp, true);
-    for (const auto& [control, name] : {std::pair{TableControl::FramMeldHelp, "FramMeldHelp"},
-                                        std::pair{TableControl::FramDeclare, "FramDeclare"}}) {
+    for (TableControl control : {TableControl::FramMeldHelp, TableControl::FramDeclare}) {
         table.BringControlToFront(control);
         QWidget* top = table.Surface()->childAt(QPoint(300, 100));
-        QWidget* panel = FindControl(table, name);
-        EXPECT_TRUE(top == panel || panel->isAncestorOf(top)) << name;
+        QWidget* panel = FindControl(table, ControlName(control));
+        EXPECT_TRUE(top == panel || panel->isAncestorOf(top)) << ControlName(control);
     }
 }
 
-TEST_F(TableViewTest, CaptionsReadBackAsWritten) {
+TEST_F(TableViewTest, CaptionsAndStatusPanelsShowWhatTheyAreGiven) {
     for (int k = 0; k <= static_cast<int>(TableLabel::LblTotScoreC); ++k) {
         const auto label = static_cast<TableLabel>(k);
         table.SetCaption(label, std::to_string(101 + k));
-        EXPECT_EQ(table.Caption(label), std::to_string(101 + k));
+        EXPECT_EQ(FindControl(table, LabelName(label))->property("text").toString(),
+                  QString::number(101 + k));
     }
-    EXPECT_EQ(qobject_cast<QLabel*>(FindControl(table, "LblTotScoreC"))->text(), "116");
-    table.SetCaption(TableLabel::CmdSort, "Sort Suits");
-    EXPECT_EQ(table.Caption(TableLabel::CmdSort), "Sort Suits");
-    EXPECT_EQ(qobject_cast<QAbstractButton*>(FindControl(table, "CmdSort"))->text(), "Sort Suits");
-}
-
-TEST_F(TableViewTest, StatusPanelsShowTheirTextsAndTheTrumpPicture) {
     for (int panel = 1; panel <= 4; ++panel) {
         table.SetPanelText(panel, "text " + std::to_string(panel));
         const auto* shown = table.findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
-        ASSERT_NE(shown, nullptr);
-        EXPECT_EQ(shown->Text(), QString("text %1").arg(panel));
+        EXPECT_TRUE(shown && shown->Text() == QString("text %1").arg(panel)) << panel;
     }
     const auto* trumps = table.findChild<StatusPanel*>("StatusBar1Panel1");
-    const qreal ratio = table.devicePixelRatioF();
+    const qreal ratio = trumps->devicePixelRatioF();
     EXPECT_EQ(trumps->Picture().toImage(), CardArt::TrumpPanelPicture(ratio).toImage());
     table.SetPanelPicture(53);
-    EXPECT_EQ(trumps->Picture().toImage(), CardArt().Image(53, ratio).toImage());
-}
-
-// Answers the box that the next call opens, once it is up.
-void AnswerNextBox(const std::function<void(QWidget&)>& answer) {
-    QTimer::singleShot(0, [answer] {
-        QWidget* box = QApplication::activeModalWidget();
-        ASSERT_NE(box, nullptr);
-        answer(*box);
-    });
+    EXPECT_EQ(trumps->Picture().toImage(), art.Image(53, ratio).toImage());
 }
 
 TEST_F(TableViewTest, TheDeluxeMessageRingsAndHoldsTheTableUntilAnswered) {
@@ -151,16 +200,17 @@ TEST_F(TableViewTest, TheDeluxeMessageRingsAndHoldsTheTableUntilAnswered) {
     table.MoveCard(3, 3000, 6000);
     // A click as the screen delivers it, so that a modal box can stop it.
     const auto clickCardThree = [this] {
-        const QPoint spot = WindowSpot(table, *Card(3), Card(3)->rect().center());
-        QTest::mouseClick(table.windowHandle(), Qt::LeftButton, {}, spot);
+        QTest::mouseClick(table.windowHandle(), Qt::LeftButton, {},
+                          WindowSpot(table, *Card(3), Card(3)->rect().center()));
     };
     clickCardThree();
-    ASSERT_EQ(log.events, (std::vector<TableEvent>{{E::CardClick, 3}}));
+    ASSERT_EQ(log.events, (std::vector<T>{T{E::CardClick, 3}}));
     log.events.clear();
-    AnswerNextBox([&clickCardThree](QWidget& box) {
-        EXPECT_NE(qobject_cast<MFormDeluxe*>(&box), nullptr);
+    QTimer::singleShot(0, [&clickCardThree] {
+        auto* box = qobject_cast<MFormDeluxe*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
         clickCardThree();
-        QTest::mouseClick(box.findChild<QWidget*>("Label1_1"), Qt::LeftButton);
+        QTest::mouseClick(box->findChild<QWidget*>("Label1_1"), Qt::LeftButton);
     });
     EXPECT_EQ(table.ShowDeluxeMessage("Leave?", "Stay", "Go", "", 2, "Really Exit?"), 1);
     EXPECT_EQ(rings, 1);
