@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <regex>
 #include <tuple>
 
 #include "game/session.h"
@@ -19,13 +20,10 @@ constexpr int NineD = CardIndex(Nine, Diamonds), JackC = CardIndex(Jack, Clubs);
 // The steps a player sees, one a line: status texts, boxes, and cards
 // reaching a pile.
 std::string Steps(const HeadlessTable& table) {
+    static const std::regex step("^\\d+ (panel|message) | (7560|2640)$");
     std::string steps;
     for (const std::string& line : table.timeline) {
-        const std::string what = line.substr(line.find(' ') + 1);
-        if (what.starts_with("panel") || what.starts_with("message") || line.ends_with(" 7560") ||
-            line.ends_with(" 2640")) {
-            steps += line + "\n";
-        }
+        if (std::regex_search(line, step)) steps += line + "\n";
     }
     return steps;
 }
@@ -55,10 +53,7 @@ TEST(RoundTwo, TricksAreLedAnsweredBookedAndGatheredAtTheirPace) {
         clicks.pop_front();
         return TableEvent{TableEventKind::CardClick, card};
     };
-    try {
-        ContinueRoundTwo(g);
-    } catch (const GameAbandoned&) {
-    }
+    EXPECT_THROW(ContinueRoundTwo(g), GameAbandoned);
     EXPECT_EQ(Steps(hg.table),
               "0 panel 3 Tricks 22\n100 panel 2 Lorinda plays Ace of Hearts\n"
               "950 panel 2 Lorinda has played Ace of Hearts\n"
@@ -78,22 +73,10 @@ TEST(RoundTwo, TricksAreLedAnsweredBookedAndGatheredAtTheirPace) {
               "9605 panel 2 Player 's trick score is 2\n10855 move 21 10530 7560\n"
               "11605 panel 2 Player your turn, please click card to play\n"
               "11705 message Play again?\n");
-    const std::vector<MessageRecord>& boxes = hg.table.Messages();
-    EXPECT_EQ(
-        std::tuple(boxes.at(0).text + boxes[0].buttons[0], boxes.at(1).text + boxes[1].buttons[0]),
-        std::tuple("Player You have a card of the same suit and must play it.Ah Right",
-                   "Player You have a Trump and must play it.O.K"));
-    EXPECT_NE(boxes.at(2).text.find(" points 1006 against 21 "), std::string::npos);
+    EXPECT_NE(hg.table.Messages().at(2).text.find(" points 1006 against 21 "), std::string::npos);
     EXPECT_EQ(std::tuple(hg.table.Caption(TableLabel::LblTotalScoreP),
                          hg.table.Caption(TableLabel::LblTotScoreC)),
               std::tuple("1006", "21"));
-}
-
-TEST(RoundTwo, NothingIsPlayedWithNoGameOn) {
-    HeadlessGame hg;
-    hg.game.GameOn = false;
-    ContinueRoundTwo(hg.game);
-    EXPECT_TRUE(hg.table.timeline.empty());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "game/pacing.h"
+#include "game/session.h"
 #include "headless/headless_game.h"
 
 namespace trickhaven {
@@ -17,7 +18,6 @@ struct LoggedGame : HeadlessTable {
     LoggedGame() : g(*this, hg.platform) {
         g.DataFolder = hg.folder;
         g.OpponentName = "Lorinda";
-        g.TargetScore = 1000;
         onMessage = [this](const MessageRecord& m) {
             Log(m.title + " [" + m.buttons[0] + "|" + m.buttons[1] + "] " + std::to_string(m.icon) +
                 ": " + m.text);
@@ -38,10 +38,11 @@ struct LoggedGame : HeadlessTable {
 };
 
 TEST(Settings, TargetCommandsTitleTellThenSaveAndSpeedCommandsSaveThenTell) {
-    for (const auto& [command, target] : {std::pair{&Menu1000_Click, 1000},
-                                          {MenuMedium_Click, 750},
-                                          {MnuHalf_Click, 500},
-                                          {MnuQuick_Click, 300}}) {
+    const std::pair<void (*)(Game&), int> commands[]{{Menu1000_Click, 1000},
+                                                     {MenuMedium_Click, 750},
+                                                     {MnuHalf_Click, 500},
+                                                     {MnuQuick_Click, 300}};
+    for (const auto& [command, target] : commands) {
         LoggedGame lg;
         lg.g.TargetScore = 1250;
         command(lg.g);
@@ -53,7 +54,7 @@ TEST(Settings, TargetCommandsTitleTellThenSaveAndSpeedCommandsSaveThenTell) {
     }
     LoggedGame lg;
     MnuSlow_Click(lg.g);
-    EXPECT_TRUE(lg.log.ends_with(" | 0,0,250,\"Player\",\"Lorinda\",1000\n"));
+    EXPECT_TRUE(lg.log.ends_with(" | 0,0,250,\"Player\",\"Lorinda\",0\n"));
 }
 
 // Taken as typed, Cancel giving the empty name; No asks no more.
@@ -66,7 +67,7 @@ TEST(Settings, NamesAreAskedForShownThenSaved) {
     lg.answerQuestion = [](const MessageRecord&) { return false; };
     MnuYours_Click(lg.g);
     const std::string ann = " Ann, the Great ";
-    const std::string saved = " | 0,0,100,\"" + ann + "\",\"Lorinda\",1000\n";
+    const std::string saved = " | 0,0,100,\"" + ann + "\",\"Lorinda\",0\n";
     const std::string askYours =
         "New Name [Yes|No] 0: If you wish to enter or change the player's name click Yes | ";
     EXPECT_EQ(lg.log, askYours + "\nPlayer's Name [OK|Cancel] 0: Please enter player's name. | " +
@@ -75,7 +76,7 @@ TEST(Settings, NamesAreAskedForShownThenSaved) {
                           "opponents's name click Yes" +
                           saved + "Opponents's Name [OK|Cancel] 0: Please enter opponent's name." +
                           saved + "LblBName " + saved + "LblBotsName " + saved + askYours +
-                          "0,0,100,\"" + ann + "\",\"\",1000\n");
+                          "0,0,100,\"" + ann + "\",\"\",0\n");
 }
 
 TEST(Statistics, ViewTellsTheCountsThenSavesAndDeleteErasesOnlyOnYes) {
@@ -92,37 +93,26 @@ TEST(Statistics, ViewTellsTheCountsThenSavesAndDeleteErasesOnlyOnYes) {
     EXPECT_EQ(lg.log, erase +
                           "\nCurrent Statistics [Right|] 3: Player you have played a total of 12 "
                           "games, and won 7 against Lorinda winning 5 games | \n" +
-                          erase + "7,5,100,\"Player\",\"Lorinda\",1000\n");
-    EXPECT_EQ(lg.Saved(), "0,0,100,\"Player\",\"Lorinda\",1000");
+                          erase + "7,5,100,\"Player\",\"Lorinda\",0\n");
+    EXPECT_EQ(lg.Saved(), "0,0,100,\"Player\",\"Lorinda\",0");
 }
 
-// The ways out, played on the session: a Quit ends Run() with false. All.dat
-// is written only once leaving is certain, and Data.dat never.
-TEST(Exit, MenuAndCloseBoxWriteAllDatOnlyWhenLeaving) {
-    // In a game or not, the close box or the menu, the answers, and whether
-    // the program ends.
-    using Row = std::tuple<bool, bool, std::vector<int>, bool>;
-    for (const auto& [gameOn, closeBox, answers, quits] :
-         std::vector<Row>{{false, true, {0}, true},
-                          {false, true, {1}, false},
-                          {true, false, {0}, false},
-                          {true, true, {0, 0}, false},
-                          {true, true, {0, 1}, true}}) {
-        HeadlessGame hg;
-        std::size_t asked = 0;
-        hg.table.answerDeluxe = [&, &answers = answers](const MessageRecord& m) {
-            return m.title == "Really Exit?" ? answers.at(asked++) : 0;
-        };
-        if (gameOn) hg.platform.script.push_back({TableEventKind::MenuNewGame});
-        hg.platform.script.push_back(
-            {closeBox ? TableEventKind::CloseBox : TableEventKind::MenuExit});
-        const auto events = static_cast<long>(hg.platform.script.size());
-        hg.platform.stopWhen = [&](const Game&) { return hg.platform.eventsServed >= events; };
-        EXPECT_EQ(std::tuple(hg.Run(), asked), std::tuple(!quits, answers.size()));
-        EXPECT_EQ(FileBytes(hg.folder / "All.dat"),
-                  quits ? "0,0,100,\"Player\",\"Lorinda\",1000\r\n" : "");
-        EXPECT_FALSE(std::filesystem::exists(hg.folder / "Data.dat"));
-    }
+// In a game the close box asks, then the menu's exit asks again; All.dat is
+// written only once leaving is certain, and Data.dat never.
+TEST(Exit, TheCloseBoxWritesAllDatOnlyWhenLeaving) {
+    LoggedGame lg;
+    lg.g.GameOn = true;
+    // Carry On; Yes Exit, then No Continue; Yes Exit twice.
+    lg.answerDeluxe = [&lg](const MessageRecord&) {
+        return std::array{1, 0, 0, 0, 1}.at(lg.Messages().size());
+    };
+    Form_QueryUnload(lg.g);
+    Form_QueryUnload(lg.g);
+    EXPECT_FALSE(std::filesystem::exists(lg.hg.folder / "All.dat"));
+    EXPECT_THROW(Form_QueryUnload(lg.g), GameAbandoned);
+    EXPECT_EQ(std::tuple(lg.g.Request, lg.Messages().size(), lg.Saved()),
+              std::tuple(SessionRequest::Quit, 5U, ""));
+    EXPECT_EQ(FileBytes(lg.hg.folder / "All.dat"), "0,0,100,\"Player\",\"Lorinda\",0\r\n");
 }
 
 }  // namespace
