@@ -97,6 +97,7 @@ TEST(Knock, ThePlayersKnockWinsAtItsPaceAndIsRefusedInRoundTwo) {
                          1));
     // A hidden label takes no click; in Round Two the knock is refused.
     ScoresTable late(false, 1000, 999);
+    late.g.OpponentName = "Zora";
     LblKnock_Click(late.g);
     late.hg.table.SetControlVisible(TableControl::LblKnock, true);
     LblKnock_Click(late.g);

@@ -57,26 +57,29 @@ TEST(Settings, TargetCommandsTitleTellThenSaveAndSpeedCommandsSaveThenTell) {
     EXPECT_TRUE(lg.log.ends_with(" | 0,0,250,\"Player\",\"Lorinda\",0\n"));
 }
 
-// Taken as typed, Cancel giving the empty name; No asks no more.
+// No asks no more and saves nothing; a name is taken as typed, Cancel
+// giving the empty name.
 TEST(Settings, NamesAreAskedForShownThenSaved) {
     LoggedGame lg;
+    lg.answerQuestion = [](const MessageRecord&) { return false; };
+    MnuYours_Click(lg.g);
+    lg.answerQuestion = nullptr;
     lg.answerInput = [](const MessageRecord&) { return std::string(" Ann, the Great "); };
     MnuYours_Click(lg.g);
     lg.answerInput = nullptr;
     MnuTheirName_Click(lg.g);
-    lg.answerQuestion = [](const MessageRecord&) { return false; };
-    MnuYours_Click(lg.g);
     const std::string ann = " Ann, the Great ";
     const std::string saved = " | 0,0,100,\"" + ann + "\",\"Lorinda\",0\n";
     const std::string askYours =
         "New Name [Yes|No] 0: If you wish to enter or change the player's name click Yes | ";
-    EXPECT_EQ(lg.log, askYours + "\nPlayer's Name [OK|Cancel] 0: Please enter player's name. | " +
+    EXPECT_EQ(lg.log, askYours + "\n" + askYours +
+                          "\nPlayer's Name [OK|Cancel] 0: Please enter player's name. | " +
                           "\nLblPlayer0 " + ann + " | \nLblPname1 " + ann +
                           " | \nNew Name [Yes|No] 0: If you wish to enter or change your "
                           "opponents's name click Yes" +
                           saved + "Opponents's Name [OK|Cancel] 0: Please enter opponent's name." +
-                          saved + "LblBName " + saved + "LblBotsName " + saved + askYours +
-                          "0,0,100,\"" + ann + "\",\"\",0\n");
+                          saved + "LblBName " + saved + "LblBotsName " + saved);
+    EXPECT_EQ(lg.Saved(), "0,0,100,\"" + ann + "\",\"\",0");
 }
 
 TEST(Statistics, ViewTellsTheCountsThenSavesAndDeleteErasesOnlyOnYes) {
