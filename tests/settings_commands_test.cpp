@@ -111,6 +111,9 @@ TEST(Exit, TheCloseBoxWritesAllDatOnlyWhenLeaving) {
     };
     Form_QueryUnload(lg.g);
     Form_QueryUnload(lg.g);
+    // A close taken back leaves every card picture as it was.
+    for (const std::string& step : lg.timeline)
+        EXPECT_NE(step.find(" message "), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(lg.hg.folder / "All.dat"));
     EXPECT_THROW(Form_QueryUnload(lg.g), GameAbandoned);
     EXPECT_EQ(std::tuple(lg.g.Request, lg.Messages().size(), lg.Saved()),
