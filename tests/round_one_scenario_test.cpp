@@ -1,184 +1,209 @@
-// Whole Rounds One on the headless table, from "New Game" to the message
-// that opens Round Two, with a player who plays the first card of his hand
-// and cancels every meld offer.
+// The last two tricks of Round One and its closing sequence on a laid table,
+// at the medium speed, read step by step from the table's timeline.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <optional>
+#include <algorithm>
+#include <array>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "round_one/trick_cycle.h"
-#include "headless/headless_game.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
-int CountAt(const Game& g, int place) {
-    int count = 0;
-    for (int card = 1; card <= CardCount; ++card) count += Card(g, card).Place == place ? 1 : 0;
-    return count;
-}
+constexpr int TD = CardIndex(Ten, Diamonds), NS = CardIndex(Nine, Spades);
+constexpr int AC = CardIndex(Ace, Clubs), TC = CardIndex(Ten, Clubs);
+constexpr int JC = CardIndex(Jack, Clubs);
 
-int PlayedPoints(const Game& g) {
-    int points = 0;
-    for (int card = 1; card <= CardCount; ++card) {
-        if (Card(g, card).Place == PlacePlayed) points += CardPoints(Card(g, card).Value);
+// Walks the timeline through the steps, each line "<gap> <pattern>", and
+// gives them back with the gap found since the step before; the walk starts
+// at the first step.
+std::string Paces(const std::vector<std::string>& timeline, const std::string& steps) {
+    std::istringstream in(steps);
+    std::string out, gap, pattern;
+    auto at = timeline.begin();
+    for (int before = -1; in >> gap && std::getline(in, pattern);) {
+        const std::regex step(pattern.substr(1));
+        at = std::find_if(at, timeline.end(), [&](const std::string& line) {
+            return std::regex_match(line.substr(line.find(' ') + 1), step);
+        });
+        if (at == timeline.end()) return out + "missing" + pattern + "\n";
+        out += std::to_string(before < 0 ? 0 : std::stoi(*at) - before) + pattern + "\n";
+        before = std::stoi(*at++);
     }
-    return points;
+    return out;
 }
 
-int FirstOfHand(const Game& g) {
-    int card = 1;
-    while (card < CardCount && Card(g, card).Place != PlacePlayerHand) ++card;
-    return card;
+// A card of Ada's flies after her click and its wait.
+std::string AdaPlays(const std::string& prompt) {
+    return "0 panel 2 Ada please click " + prompt + R"(
+1 panel 2 Ada is playing \w+ of \w+
+100 move \d+ 7800 6540
+400 move \d+ 11760 4680
+)";
 }
 
-const MessageRecord* FindBox(const HeadlessTable& table, const std::string& title) {
-    for (const MessageRecord& box : table.Messages()) {
-        if (box.title == title) return &box;
-    }
-    return nullptr;
+// The robot's card turns face up and flies; its hand closes up.
+std::string RobotPlays(int wait) {
+    return std::to_string(wait) + R"( image (\d+) \1
+0 move \d+ 7800 3240
+250 move \d+ 10440 4680
+250 move \d+ \d+ 120
+0 panel 2 Lorinda has played .*
+)";
 }
 
-struct RoundOneRun {
-    RoundOneRun(std::uint64_t seed, int choice) : hg(seed) {
-        hg.platform.script.push_back({TableEventKind::MenuNewGame});
-        hg.platform.policy = [this](Game& g) { return NextMove(g); };
-        hg.platform.stopWhen = [this](const Game& g) {
-            WatchTheLead(g);
-            return roundTwoLeader != 0;
-        };
-        hg.table.answerDeluxe = [this, choice](const MessageRecord& box) {
-            if (box.title == "Make choice") {
-                stockFaceAtChoice = hg.table.Picture(hg.game.LastStockCard).image;
-                lastTrickAtChoice = hg.table.Caption(TableLabel::LblLastTrickP);
-                return choice;
+// A trick of Round One up to the winner's meld: played, booked, and
+// gathered to the winner's pile, the card led on top.
+std::string Trick(int trick, int wait, bool adaLeads, bool adaWins, int pile) {
+    std::string steps = std::to_string(wait) + " panel 3 Tricks " + std::to_string(trick) + "\n";
+    steps += adaLeads ? AdaPlays("card you wish to play\\.") + RobotPlays(750) + "0"
+                      : RobotPlays(250) + AdaPlays("the card you wish to play") + "400";
+    const std::string followLeft = adaLeads ? "10440" : "11760";
+    steps += " caption LblLastTrick" + std::string(adaWins ? "P" : "C") + R"( \d+
+500 image \d+ 49
+250 move \d+ )" +
+             followLeft + R"( 4680
+250 move \d+ )" +
+             followLeft + R"( 4680
+250 card \d+ hidden
+0 move \d+ )" +
+             std::to_string(pile) + (adaWins ? " 7560\n" : " 2640\n");
+    return steps + (adaWins ? R"(750 show FramDeclare
+0 panel 2 Ada click Meld to make or Cancel to receive card\.
+)"
+                            : "");
+}
+
+// The draws after trick 11, the winner's first, each after a wait. The
+// player's card shows its face on its way.
+const std::string kAdaDraws = R"(0 hide FramDeclare
+0 image (\d+) \1
+0 move \d+ 1755 7500
+600 move \d+ 1800 7700
+)";
+const std::string kRobotDraws = "0 move \\d+ 2820 2280\n";
+const std::string kAdaDrawsFirst = "1 hide FramDeclare\n100 caption LblStock Stock 3\n" +
+                                   kAdaDraws + "700 caption LblStock Stock 2\n" + kRobotDraws;
+const std::string kRobotDrawsFirst = "600 caption LbllLastMeldC 0\n100 caption LblStock Stock 3\n" +
+                                     kRobotDraws + "700 caption LblStock Stock 2\n" + kAdaDraws;
+const std::string kRoundTwoOpens = "0 hide LblKnock\n0 panel 4 Round 2\n0 message Round Two\n";
+
+// Ada holds the trumps but the Nine and a Jack, both Aces of Hearts and a
+// Nine of Clubs; the robot holds Clubs and Spades without a meld. Three stock
+// cards are left, the Jack of trumps turned up. Ada plays the two cards
+// named and cancels the meld offers: her Ace of trumps wins over the robot's
+// lead, her Ace of Hearts wins her lead, and the robot takes her Nine of
+// Clubs with its Ace and wins its own lead. At the offer after the last pair
+// she first clicks a card of the robot and one of her own, and melds a run
+// when she took the up card; while the run is laid out she clicks her own
+// card once more.
+struct LastTricks : RoundOneTable {
+    LastTricks(int leader, std::array<int, 2> plays, int choice)
+        : RoundOneTable(Diamonds, JD2, 10) {
+        for (int card = 1; card <= CardCount; ++card) Card(g, card).Place = PlacePlayed;
+        Give(ThePlayer, {AD, Second(AD), TD, Second(TD), KD, Second(KD), QD, Second(QD), JD1, AH,
+                         Second(AH), NC});
+        Give(TheRobot, BothCopies({AC, TC, JC, AS, TS, NS}));
+        PlaceCards(g, PlaceStock, {JS, Second(JS), KH});
+        g.StockLeft = 4;
+        g.Leader = leader;
+        g.PlayerPileLeft = g.OpponentPileLeft = 10890;
+        hg.platform.policy = [this, plays, choice](Game& game) -> std::optional<TableEvent> {
+            const bool stray =
+                game.MeldAwaited ? strays < 2 : strays == 2 && game.MeldCommandRunning;
+            if (game.RoundOneClosing && stray) return Click(strays++ == 0 ? TC : TD);
+            if (game.MeldAwaited) {
+                return TableEvent{game.RoundOneClosing && choice == 1
+                                      ? TableEventKind::RunClick
+                                      : TableEventKind::CancelClick};
             }
-            if (box.title == "Round Two") RoundTwoOpens(hg.game, box);
-            return 0;
+            if (!game.PlayerMayPlay || game.RoundOneClosing) return std::nullopt;
+            return Click(plays.at(played++));
         };
-        EXPECT_TRUE(hg.Run());
-    }
-
-    std::optional<TableEvent> NextMove(const Game& g) {
-        if (g.MeldAwaited) {
-            // While Round One closes, a click on his own card tries to play
-            // before he cancels.
-            if (g.RoundOneClosing && !strayClickServed) {
-                strayClickServed = true;
-                return TableEvent{TableEventKind::CardClick, FirstOfHand(g)};
-            }
-            return TableEvent{TableEventKind::CancelClick};
+        hg.platform.stopWhen = [](const Game& game) { return game.RoundTwoOn; };
+        hg.table.answerDeluxe = [choice](const MessageRecord& box) {
+            return box.title == "Make choice" ? choice : 0;
+        };
+        try {
+            ContinueRoundOne(g);
+        } catch (const ScenarioOver&) {
         }
-        if (!g.PlayerMayPlay || !g.RoundOneOn || g.RoundOneClosing) return std::nullopt;
-        const std::string prompt = g.Leader == ThePlayer
-                                       ? " please click card you wish to play."
-                                       : " please click the card you wish to play";
-        EXPECT_EQ(hg.table.PanelText(2), g.PlayerName + prompt) << "trick " << g.TrickCount;
-        return TableEvent{TableEventKind::CardClick, FirstOfHand(g)};
+        for (const MessageRecord& box : hg.table.Messages()) titles += box.title + ",";
+        // As Round Two opens: the two hands, PlayerMayPlay, RoundOneOn, the
+        // number of melded cards, where the up card went, and where the Ace
+        // of Hearts lies (image, left, top, shown): led, it stays face down
+        // on the pile; followed, it is hidden with its face.
+        const CardPicture& ace = hg.table.Picture(AH);
+        opening = {0,         0,        g.PlayerMayPlay, g.RoundOneOn, 0, Card(g, JD2).Place,
+                   ace.image, ace.left, ace.top,         ace.visible};
+        for (int card = 1; card <= CardCount; ++card) {
+            opening[0] += Card(g, card).Place == PlacePlayerHand;
+            opening[1] += Card(g, card).Place == PlaceOpponentHand;
+            opening[4] += Card(g, card).Melded;
+        }
     }
 
-    // The first round of events of a trick comes before any card of it is
-    // played: both hands hold twelve there.
-    void WatchTheLead(const Game& g) {
-        if (!g.RoundOneOn || g.TrickCount == watchedTrick || g.TrickCount == 0) return;
-        const int trick = watchedTrick = g.TrickCount;
-        SCOPED_TRACE("trick " + std::to_string(trick));
-        ++leadsWatched;
-        if (trick == 1) nineBonus = Card(g, g.UpCard).Value == Nine ? 10 : 0;
-        EXPECT_EQ(CountAt(g, PlacePlayerHand), 12);
-        EXPECT_EQ(CountAt(g, PlaceOpponentHand), 12);
-        EXPECT_EQ(g.StockLeft, 24 - 2 * (trick - 1));
-        EXPECT_EQ(CountAt(g, PlaceStock) + 1, g.StockLeft);
-        EXPECT_EQ(Card(g, g.UpCard).Place, PlaceUpCard);
-        EXPECT_EQ(hg.table.Caption(TableLabel::LblStock), "Stock " + std::to_string(g.StockLeft));
-        EXPECT_EQ(hg.table.PanelText(3), "Tricks " + std::to_string(trick));
-        // Tricks feed the trick totals only; the game totals hold melds.
-        EXPECT_EQ(g.PlayerTotal, g.PlayerTotalMelds);
-        EXPECT_EQ(g.OpponentTotal, g.OpponentTotalMelds);
-        EXPECT_EQ(hg.table.Caption(TableLabel::LblTotalScoreP), std::to_string(g.PlayerTotal));
-        EXPECT_EQ(g.PlayerTotalTricks + g.OpponentTotalTricks, PlayedPoints(g) + nineBonus);
-        EXPECT_EQ(hg.table.Caption(TableLabel::LblTotTricksP), std::to_string(g.PlayerTotalTricks));
-        // Each pile grows by 90 twips a trick.
-        EXPECT_EQ((g.PlayerPileLeft - 10440) % 90 + (g.OpponentPileLeft - 10440) % 90, 0);
-        EXPECT_EQ(g.PlayerPileLeft + g.OpponentPileLeft - 2 * 10440, 90 * (trick - 1));
-    }
+    static TableEvent Click(int card) { return {TableEventKind::CardClick, card}; }
 
-    void RoundTwoOpens(const Game& g, const MessageRecord& box) {
-        EXPECT_EQ(leadsWatched, 12);
-        EXPECT_EQ(CountAt(g, PlacePlayerHand), 12);
-        EXPECT_EQ(CountAt(g, PlaceOpponentHand), 12);
-        for (int card = 1; card <= CardCount; ++card) EXPECT_FALSE(Card(g, card).Melded);
-        EXPECT_FALSE(hg.table.IsControlVisible(TableControl::LblKnock));
-        EXPECT_EQ(g.PlayerMayPlay, g.Leader == ThePlayer);
-        EXPECT_EQ(hg.table.PanelText(4), "Round 2");
-        // The 10 for the last trick comes on top of the cards' points.
-        EXPECT_EQ(g.PlayerTotalTricks + g.OpponentTotalTricks, PlayedPoints(g) + 10 + nineBonus);
-        EXPECT_EQ(box.text, g.PlayerName +
-                                " you are now on Round Two and must follow suit or play a Trump if "
-                                "you do not have suit but have a Trump");
-        EXPECT_EQ(std::tuple(box.buttons[0] + box.buttons[1] + box.buttons[2], box.icon),
-                  std::tuple("Right", 3));
-        stockLabel = hg.table.Caption(TableLabel::LblStock);
-        roundTwoLeader = g.Leader;
-    }
-
-    HeadlessGame hg;
-    int watchedTrick = 0, leadsWatched = 0, nineBonus = 0, roundTwoLeader = 0;
-    int stockFaceAtChoice = 0;
-    std::string lastTrickAtChoice, stockLabel;
-    bool strayClickServed = false;
+    std::size_t strays = 0, played = 0;
+    std::vector<int> opening;
+    std::string titles;
 };
 
-TEST(RoundOne, KeepsTheTableInStepAndTheWinnerOfTrickTwelveChooses) {
-    // The winner of trick 12, the player's answer at "Make choice", the
-    // panel's words after the winner's name, the stock's label in Round Two.
-    using Row = std::tuple<const char*, int, int, std::string, std::string>;
-    for (const auto& [what, winner, choice, panel, label] : std::vector<Row>{
-             {"Stock Card", ThePlayer, 0, " is taking last Stock Card", "Stock 0"},
-             {"Up Card", ThePlayer, 1, " is taking the Trump card.", "Stock 0"},
-             {"robot wins trick 12", TheRobot, 0, " deciding which card to take", "0"}}) {
-        SCOPED_TRACE(what);
-        std::unique_ptr<RoundOneRun> run;
-        for (std::uint64_t seed = 1; seed <= 40 && (!run || run->roundTwoLeader != winner);
-             ++seed) {
-            run = std::make_unique<RoundOneRun>(seed, choice);
-        }
-        ASSERT_EQ(run->roundTwoLeader, winner);
-        const Game& g = run->hg.game;
-        const HeadlessTable& table = run->hg.table;
-        const MessageRecord* asked = FindBox(table, "Make choice");
-        const bool robotTookStock = FindBox(table, "Taking Stock card") != nullptr;
-        const bool robotTookUp = FindBox(table, "Taking trump card") != nullptr;
-        EXPECT_EQ(robotTookStock + robotTookUp, winner == TheRobot ? 1 : 0);
-        const bool playerWon = winner == ThePlayer;
-        const bool stockTaken = playerWon ? choice == 0 : robotTookStock;
-        const int playerCard = playerWon == stockTaken ? g.LastStockCard : g.UpCard;
-        EXPECT_EQ(Card(g, playerCard).Place, PlacePlayerHand);
-        EXPECT_EQ(Card(g, g.LastStockCard + g.UpCard - playerCard).Place, PlaceOpponentHand);
-        const std::string name = playerWon ? g.PlayerName : g.OpponentName;
-        bool told = false;
-        for (const auto& [n, text] : table.PanelHistory()) told |= text == name + panel;
-        EXPECT_TRUE(told);
-        EXPECT_EQ(run->stockLabel, label);
-        EXPECT_EQ(table.Caption(playerWon ? TableLabel::LblLastTrickP : TableLabel::LblLastTrickC),
-                  "10");
-        if (!playerWon) {
-            EXPECT_EQ(asked, nullptr);
-            continue;
-        }
-        ASSERT_NE(asked, nullptr);
-        EXPECT_EQ(asked->text, g.PlayerName + " you won the last trick, if you wish to take " +
-                                   Card(g, g.LastStockCard).Name +
-                                   " click on Stock Card or click on Up Card to take Trump card.");
-        EXPECT_EQ(asked->buttons, (std::array<std::string, 3>{"Stock Card", "Up Card", ""}));
-        EXPECT_EQ(asked->icon, 1);
-        // The stock card is shown and the 10 for the last trick booked before
-        // the question.
-        EXPECT_EQ(run->stockFaceAtChoice, g.LastStockCard);
-        EXPECT_EQ(run->lastTrickAtChoice, "10");
+TEST(RoundOne, AdaWinsTheLastTricksChoosesAndIsOfferedAMeldAgain) {
+    // Her answer at "Make choice", the words after her name, what follows the
+    // second offer, the boxes shown and where the up card goes.
+    for (const auto& [choice, taking, after, titles, upCard] :
+         {std::tuple{0, "taking last Stock Card", "3 hide FramDeclare\n0 hide FramDeclare\n",
+                     "Make choice,Round Two,", PlaceOpponentHand},
+          {1, "taking the Trump card\\.", "1 message Tut Tut\n", "Make choice,Tut Tut,Round Two,",
+           PlacePlayerHand}}) {
+        LastTricks t(TheRobot, {AD, AH}, choice);
+        const std::string steps = Trick(11, 0, false, true, 10890) + kAdaDrawsFirst +
+                                  Trick(12, 600, true, true, 10980) + R"(1 hide FramDeclare
+0 image (\d+) \1
+0 caption LblStock Stock 0
+0 caption LblLastTrickP 10
+0 message Make choice
+0 panel 2 Ada is )" + taking + R"(
+0 show FramDeclare
+0 panel 2  Click a Meld to make or click Cancel to receive a card
+)" + after + (choice == 0 ? kRoundTwoOpens : "");
+        EXPECT_EQ(Paces(t.hg.table.timeline, steps), steps);
+        // Her stray clicks play nothing; only with the up card taken is her
+        // turn open, and the robot's card brings its box.
+        EXPECT_EQ(t.titles, titles);
+        EXPECT_EQ(t.opening, (std::vector<int>{12, 12, true, false, 0, upCard, CardBackImage, 10980,
+                                               7560, true}));
+        // Taking the up card, she melds a run with sounds of its own.
+        if (choice == 1) continue;
+        EXPECT_EQ(t.hg.platform.sounds.size(), 8U);
     }
+}
+
+TEST(RoundOne, RobotWinsTheLastTricksTakesTheUpCardThenMelds) {
+    LastTricks t(ThePlayer, {NC, AH}, 0);
+    const std::string steps = Trick(11, 0, true, false, 10890) + kRobotDrawsFirst +
+                              Trick(12, 600, false, false, 10980) + R"(500 image (\d+) \1
+0 caption LblStock Stock 0
+0 caption LblLastTrickC 10
+0 panel 2 Lorinda deciding which card to take
+100 message Taking trump card
+700 move \d+ 2820 2280
+600 move \d+ 1755 7500
+600 move \d+ 1800 7700
+600 caption LblStock 0
+100 caption LbllLastMeldC 0
+)" + kRoundTwoOpens;
+    EXPECT_EQ(Paces(t.hg.table.timeline, steps), steps);
+    EXPECT_EQ(t.opening, (std::vector<int>{12, 12, false, false, 0, PlaceOpponentHand, AH, 11760,
+                                           4680, false}));
 }
 
 }  // namespace
