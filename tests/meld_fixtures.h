@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -21,15 +22,11 @@ constexpr int Second(int card) {
     return card + 1;
 }
 
-inline constexpr int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts);
-inline constexpr int KH = CardIndex(King, Hearts), QH = CardIndex(Queen, Hearts);
-inline constexpr int JH = CardIndex(Jack, Hearts), NH = CardIndex(Nine, Hearts);
-inline constexpr int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs);
-inline constexpr int NC = CardIndex(Nine, Clubs);
-inline constexpr int AD = CardIndex(Ace, Diamonds), KD = CardIndex(King, Diamonds);
-inline constexpr int QD = CardIndex(Queen, Diamonds);
-inline constexpr int AS = CardIndex(Ace, Spades), TS = CardIndex(Ten, Spades);
-inline constexpr int KS = CardIndex(King, Spades), JS = CardIndex(Jack, Spades);
+// Cards by their index in the table: suits Diamonds, Clubs, Hearts, Spades
+// of twelve cards each, Aces first, each card followed by its other copy.
+inline constexpr int AH = 25, TH = 27, KH = 29, QH = 31, JH = 33, NH = 35;
+inline constexpr int KC = 17, QC = 19, NC = 23, AD = 1, KD = 5, QD = 7;
+inline constexpr int AS = 37, TS = 39, KS = 41, JS = 45;
 // The pinochle cards: the Jacks of Diamonds and the Queens of Spades.
 inline constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
 
@@ -86,58 +83,43 @@ inline Meld Marriage(int suit) {
     return [suit](Game& g, int who) { MeldMarriage(g, who, suit); };
 }
 
-// What the player sees of some cards, told at each wait: the cards moved
-// ("25@3600,8640") or turned ("25#25") since the last wait, the one come to
-// the front of them ("^25"), a sound ("*"), then the wait's length ("+350").
-// At the end, the cards from back to front.
-class Watch {
-public:
-    Watch(HeadlessGame& hg, std::vector<int> cards) : hg_(hg), cards_(std::move(cards)) {
-        for (const int card : cards_) seen_[card] = hg_.table.Picture(card);
-        last_ = hg_.platform.TickCount();
-        sounds_ = hg_.platform.sounds.size();
-        front_ = Front();
-        hg_.platform.stopWhen = [this](const Game&) { return Look(), false; };
-    }
-    std::string End() {
+// What the player sees of some cards, told at each wait: each card moved
+// ("25@3600,8640"), turned ("25#25") or come to the front of the others
+// ("25^") since the last wait, a sound ("*"), then the wait's length
+// ("+350").
+struct Watch {
+    Watch(HeadlessGame& game, std::vector<int> watched) : hg(game), cards(std::move(watched)) {
         Look();
-        std::sort(cards_.begin(), cards_.end(), [this](int a, int b) { return Z(a) < Z(b); });
-        text_ += " z";
-        for (const int card : cards_) text_ += ' ' + std::to_string(card);
-        return text_;
+        text.clear();
+        hg.platform.stopWhen = [this](const Game&) { return Look(), false; };
     }
-
-private:
-    long Z(int card) const { return hg_.table.Picture(card).z; }
-    int Front() const {
-        return *std::max_element(cards_.begin(), cards_.end(),
-                                 [this](int a, int b) { return Z(a) < Z(b); });
-    }
+    std::string End() { return Look(), text; }
+    long Z(int card) const { return hg.table.Picture(card).z; }
     void Look() {
-        const int now = hg_.platform.TickCount();
-        if (now != last_) text_ += '+' + std::to_string(now - last_);
-        last_ = now;
-        for (const int card : cards_) {
-            const CardPicture& is = hg_.table.Picture(card);
-            CardPicture& was = seen_[card];
-            const std::string name = ' ' + std::to_string(card);
-            if (is.left != was.left || is.top != was.top) {
-                text_ += name + '@' + std::to_string(is.left) + ',' + std::to_string(is.top);
-            }
-            if (is.image != was.image) text_ += name + '#' + std::to_string(is.image);
-            was = is;
+        const int now = hg.platform.TickCount();
+        if (now != last) text += '+' + std::to_string(now - last);
+        last = now;
+        const int top = *std::max_element(cards.begin(), cards.end(),
+                                          [this](int a, int b) { return Z(a) < Z(b); });
+        for (const int card : cards) {
+            const CardPicture& is = hg.table.Picture(card);
+            const std::string at = '@' + std::to_string(is.left) + ',' + std::to_string(is.top);
+            const std::string face = '#' + std::to_string(is.image);
+            auto& [wasAt, wasFace] = seen[card];
+            const std::string seenNow = (at != wasAt ? at : "") + (face != wasFace ? face : "") +
+                                        (card == top && top != front ? "^" : "");
+            if (!seenNow.empty()) text += ' ' + std::to_string(card) + seenNow;
+            std::tie(wasAt, wasFace) = std::tie(at, face);
         }
-        const int front = Front();
-        if (front != front_) text_ += " ^" + std::to_string(front);
-        front_ = front;
-        for (; sounds_ < hg_.platform.sounds.size(); ++sounds_) text_ += '*';
+        front = top;
+        for (; sounds < hg.platform.sounds.size(); ++sounds) text += '*';
     }
-    HeadlessGame& hg_;
-    std::vector<int> cards_;
-    std::map<int, CardPicture> seen_;
-    std::string text_;
-    int last_ = 0, front_ = 0;
-    std::size_t sounds_ = 0;
+    HeadlessGame& hg;
+    std::vector<int> cards;
+    std::map<int, std::pair<std::string, std::string>> seen;
+    std::string text;
+    int last = 0, front = 0;
+    std::size_t sounds = 0;
 };
 
 }  // namespace trickhaven

@@ -4,24 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-#include <string>
-#include <vector>
-
 #include "table/deal.h"
 #include "table/hand_rows.h"
 #include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
-
-// A card played from its row to a trick.
-Meld Play(int card) {
-    return [card](Game& g, int) {
-        Card(g, card).Place = PlacePlayed;
-        Card(g, card).Melded = false;
-    };
-}
 
 struct RowCase {
     const char* name;
@@ -47,74 +35,61 @@ TEST_P(MeldLaidOut, CardsFlyToTheStagingRowThenIntoTheirRow) {
     Watch watch(table.hg, c.watched.empty() ? c.cards : c.watched);
     c.melds.back()(g, c.who);
     EXPECT_EQ(watch.End(), c.seen);
-    EXPECT_EQ(g.DelayMs, g.GameSpeed);
 }
 
 constexpr int AC = CardIndex(Ace, Clubs);
+// The Queen of Hearts played from her row to a trick.
+const Meld kPlayQH = [](Game& g, int) { Card(g, QH).Place = PlacePlayed; };
 
 // The last meld is watched; the cards watched are those given unless named.
 INSTANTIATE_TEST_SUITE_P(
     Rows, MeldLaidOut,
     ::testing::Values(
-        RowCase("PlayerRun", ThePlayer, Second(NH), {AH, TH, KH, QH, JH, AS}, {kRun}, {},
-                " 33@3600,8640 ^33*+350+350 31@4680,8640 ^31*+350+350 29@5760,8640 ^29*+350+350 "
-                "27@6840,8640 ^27*+350+350 25@7920,8640 ^25*+350+350 25@2000,6405+100 27@2330,6405 "
-                "^27+100 29@2660,6405 ^29+100 31@2990,6405 ^31+100 33@3320,6405 ^33+100+300 z 37 "
-                "25 27 29 31 33"),
-        RowCase("RobotSecondRun", TheRobot, Second(NH), BothCopies(kHeartRun), {kRun, kRun},
-                {AH, TH, KH, QH, JH, Second(AH)},
-                " 27@3130,120 29@3380,120 31@3630,120 33@3600,1680 33#33 ^33*+350+350 31@4680,1680 "
-                "31#31 ^31*+350+350 29@5760,1680 29#29 ^29*+350+350 27@6840,1680 27#27 "
-                "^27*+350+350 25@7920,1680 25#25 ^25*+350+350 25@2000,2250+100 26@2330,2250 "
-                "^26+100 27@2660,2250 ^27+100+100 29@3320,2250 ^29+100+100 31@3980,2250 "
-                "^31+100+100 33@4640,2250 ^33+100+100+300 z 25 26 27 29 31 33"),
+        RowCase(
+            "RobotSecondRun", TheRobot, Second(NH), BothCopies(kHeartRun), {kRun, kRun},
+            {AH, TH, KH, QH, JH, Second(AH)},
+            " 27@3130,120 29@3380,120 31@3630,120 33@3600,1680#33^*+350+350 "
+            "31@4680,1680#31^*+350+350 29@5760,1680#29^*+350+350 27@6840,1680#27^*+350+350 "
+            "25@7920,1680#25^*+350+350 25@2000,2250+100 26@2330,2250^+100 27@2660,2250^+100+100 "
+            "29@3320,2250^+100+100 31@3980,2250^+100+100 33@4640,2250^+100+100+300"),
         RowCase("RobotKingsAfterAces", TheRobot, Second(NH), {KD, KC, KH, KS, AD, AC, AH, AS, NC},
                 {Fours(Ace), Fours(King)}, {},
-                " 5@3600,1680 5#5 ^5*+350+350 17@4680,1680 17#17 ^17*+350+350 29@5760,1680 29#29 "
-                "^29*+350+350 41@6840,1680 41#41 ^41*+350+350 5@2000,3450 17@2330,3450 "
-                "29@2660,3450 41@2990,3450 1@3320,3450 13@3650,3450 25@3980,3450 37@4310,3450 "
-                "^37+300 23@2880,120 ^23 z 5 17 29 41 1 13 25 37 23"),
-        RowCase("PlayerQueens", ThePlayer, Second(NH), {QD, QC, QH, QS1, NC}, {Fours(Queen)}, {},
-                " 7@3600,8640 ^7*+350+350 19@4680,8640 ^19*+350+350 31@5760,8640 ^31*+350+350 "
-                "43@6840,8640 ^43*+350+350 7@2000,7590 19@2330,7590 31@2660,7590 43@2990,7590+300 "
-                "23@2500,10080 ^23 z 7 19 31 43 23"),
+                " 5@3600,1680#5^*+350+350 17@4680,1680#17^*+350+350 29@5760,1680#29^*+350+350 "
+                "41@6840,1680#41^*+350+350 5@2000,3450 17@2330,3450 29@2660,3450 41@2990,3450 "
+                "1@3320,3450 13@3650,3450 25@3980,3450 37@4310,3450^+300 23@2880,120^"),
         RowCase("RobotMarriageBesidePlayedQueen", TheRobot, Second(NH), {KC, QC, KH, QH, NC},
-                {Marriage(Hearts), Play(QH), Marriage(Clubs)}, {},
-                " 19@3600,1680 19#19 ^19*+350+350 17@4680,1680 17#17 ^17*+350+350 17@2000,4650+100 "
-                "19@2350,4650 ^19+100 29@2700,4650 ^29+100+300 23@2880,120 ^23 z 31 17 19 29 23"),
-        RowCase("PlayerMarriage", ThePlayer, Second(NH), {KC, QC}, {Marriage(Clubs)}, {},
-                " 19@3600,8640 ^19*+350+350 17@4680,8640 ^17*+350+350 17@2000,8600+100 "
-                "19@2350,8600 ^19+100+300 z 17 19"),
+                {Marriage(Hearts), kPlayQH, Marriage(Clubs)}, {},
+                " 19@3600,1680#19^*+350+350 17@4680,1680#17^*+350+350 17@2000,4650+100 "
+                "19@2350,4650^+100 29@2700,4650^+100+300 23@2880,120^"),
         RowCase("RobotPinochle", TheRobot, Second(NH), {JD1, QS1, NC}, {kPinochle}, {},
-                " 9@3600,1680 9#9 ^9*+350+350 43@4680,1680 43#43 ^43*+350+350 9@5610,2250 "
-                "43@5960,2250+300 z 23 9 43"),
+                " 9@3600,1680#9^*+350+350 43@4680,1680#43^*+350+350 9@5610,2250 43@5960,2250+300"),
         RowCase("PlayerDoubleAfterSingle", ThePlayer, Second(NH), kPinochleCards,
                 {kPinochle, kDouble}, {},
-                " 9@3600,8640 ^9*+350+350 43@4680,8640 ^43*+350+350 10@5760,8640 ^10*+350+350 "
-                "44@6840,8640 ^44*+350+350 9@5610,6405 10@5940,6405 43@6270,6405 44@6600,6405+300 "
-                "z 9 10 43 44"),
+                " 9@3600,8640^*+350+350 43@4680,8640^*+350+350 10@5760,8640^*+350+350 "
+                "44@6840,8640^*+350+350 9@5610,6405 10@5940,6405 43@6270,6405 44@6600,6405+300"),
         RowCase("RobotDixOnTable", TheRobot, Second(NH), {NH, NC}, {kDix}, {},
-                " 35@3600,1680 35#35*+350+350 35@8820,3000 ^23 z 35 23"),
+                " 35@3600,1680#35*+350+350 35@8820,3000 23^"),
         RowCase("PlayerDixOnTable", ThePlayer, Second(NH), {NH, NC}, {kDix}, {},
-                " 35@3600,8640*+350+350 35@8820,8400+100 ^23 z 35 23"),
+                " 35@3600,8640*+350+350 35@8820,8400+100 23^"),
         RowCase("RobotDixExchange", TheRobot, KH, {NH, NC}, {kDix}, {NH, KH, NC, 48},
-                " 35@4110,2295 35#35 29@2670,2070 ^29+1100 35@100,100 29@3130,120 29#49 ^48 z 23 "
-                "29 35 48")));
+                " 35@4110,2295#35 29@2670,2070^+1100 35@100,100 29@3130,120#49 48^")));
 
-// All five cards of a run are melded before the first flies, so a sort served
-// while they fly lays only the rest of the hand (and cuts the wait short).
+// The player's run: all five cards are melded before the first flies, so a
+// sort served while they fly lays only the rest of the hand (and cuts the
+// wait short).
 TEST(MeldRun, SortWhileTheRunFliesLeavesItsCardsOutOfTheHand) {
     RoundOneTable table;
     Game& g = table.g;
     table.Give(ThePlayer, {AH, TH, KH, QH, JH, AD, AS});
     RedrawHand(g);
     table.hg.platform.script.assign({TableEvent{TableEventKind::SortClick}});
-    Watch watch(table.hg, {QH, AD, AS});
+    Watch watch(table.hg, {AH, TH, KH, QH, JH, AD, AS});
     MeldRun(g, ThePlayer);
     EXPECT_EQ(
         watch.End(),
-        "*+1 37@3000,10080+99+100 31@4680,8640 ^31*+350+350*+350+350*+350+350*+350+350+100+100+"
-        "100 31@2990,6405+100+100+300 z 1 37 31");
+        " 33@3600,8640^*+1 37@3000,10080^+99+100 31@4680,8640^*+350+350 29@5760,8640^*+350+350 "
+        "27@6840,8640^*+350+350 25@7920,8640^*+350+350 25@2000,6405+100 27@2330,6405^+100 "
+        "29@2660,6405^+100 31@2990,6405^+100 33@3320,6405^+100+300");
 }
 
 }  // namespace
