@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <tuple>
@@ -18,9 +17,7 @@
 namespace trickhaven {
 
 // The other copy of a card.
-constexpr int Second(int card) {
-    return card + 1;
-}
+inline constexpr auto Second = [](int card) { return card + 1; };
 
 // Cards by their index in the table: suits Diamonds, Clubs, Hearts, Spades
 // of twelve cards each, Aces first, each card followed by its other copy.
@@ -43,9 +40,8 @@ inline std::vector<int> BothCopies(const std::vector<int>& cards) {
 // One card of each suit, Diamonds to Spades, of each value in turn.
 inline std::vector<int> FirstOfEachSuit(std::initializer_list<int> values) {
     std::vector<int> cards;
-    for (const int value : values) {
+    for (const int value : values)
         for (int suit = Diamonds; suit <= Spades; ++suit) cards.push_back(CardIndex(value, suit));
-    }
     return cards;
 }
 

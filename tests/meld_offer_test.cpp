@@ -46,31 +46,32 @@ TEST(MeldOffer, OpensWithThePromptOfItsPlace) {
     }
 }
 
-// Each button makes its meld; the button pressed twice, a marriage and Cancel
-// all come during the meld's waits and none of them acts.
+// Each button makes its meld and lays its row; the button pressed twice, a
+// marriage and Cancel all come during the meld's waits and none of them acts.
 TEST(MeldOffer, OneMeldEndsItWhateverIsPressedDuringIt) {
-    for (const auto& [cards, button, points] :
-         {std::tuple<std::vector<int>, TableEvent, int>{{JD1, QS1}, {K::PinochleClick}, 40},
-          {kPinochleCards, {K::DoublePinochleClick}, 500},
-          {{AH, TH, Second(KH), QH, JH}, {K::RunClick}, 150},
-          {FirstOfEachSuit({King}), {K::FoursClick, 0}, 80},
-          {FirstOfEachSuit({Queen}), {K::FoursClick, 1}, 60},
-          {FirstOfEachSuit({Jack}), {K::FoursClick, 2}, 40},
-          {FirstOfEachSuit({Ace}), {K::FoursClick, 3}, 100},
-          {{NH, Second(NH)}, {K::DixClick}, 10},
-          {{Second(KH), QH}, {K::MarriageClick, Hearts}, 40}}) {
+    for (const auto& [cards, button, last, seen] :
+         {std::tuple<std::vector<int>, TableEvent, int, std::string>{
+              {JD1, QS1}, {K::PinochleClick}, QS1, "40 at 5960,6405"},
+          {kPinochleCards, {K::DoublePinochleClick}, QS2, "500 at 6600,6405"},
+          {{AH, TH, Second(KH), QH, JH}, {K::RunClick}, JH, "150 at 3320,6405"},
+          {FirstOfEachSuit({King}), {K::FoursClick, 0}, KS, "80 at 2990,7590"},
+          {FirstOfEachSuit({Queen}), {K::FoursClick, 1}, QS1, "60 at 2990,7590"},
+          {FirstOfEachSuit({Jack}), {K::FoursClick, 2}, JS, "40 at 2990,7590"},
+          {FirstOfEachSuit({Ace}), {K::FoursClick, 3}, AS, "100 at 2990,7590"},
+          {{NH, Second(NH)}, {K::DixClick}, NH, "10 at 100,100"},
+          {{Second(KH), QH}, {K::MarriageClick, Hearts}, QH, "40 at 2350,8600"}}) {
         OfferTable table(cards);
-        Game& g = table.g;
         table.Give(ThePlayer, {KC, QC});
         std::vector<TableEvent> clicks{button, button, kMakeMarriage, kClubs, kCancel};
         if (button.kind == K::MarriageClick) clicks.insert(clicks.begin(), kMakeMarriage);
         table.Offer(clicks);
-        SCOPED_TRACE(points);
-        EXPECT_TRUE(table.hg.platform.script.empty());
-        EXPECT_EQ(g.PlayerTotalMelds, points);
-        EXPECT_FALSE(g.MeldAwaited || g.MeldCommandRunning || table.Up(TableControl::FramDeclare) ||
-                     table.Up(TableControl::FramMarriage));
-        EXPECT_TRUE(table.hg.table.Messages().empty());
+        const CardPicture& laid = table.hg.table.Picture(last);
+        EXPECT_EQ(std::to_string(table.g.PlayerTotalMelds) + " at " + std::to_string(laid.left) +
+                      ',' + std::to_string(laid.top),
+                  seen);
+        EXPECT_TRUE(table.hg.platform.script.empty() && table.hg.table.Messages().empty()) << seen;
+        EXPECT_FALSE(table.g.MeldAwaited || table.g.MeldCommandRunning ||
+                     table.Up(TableControl::FramDeclare) || table.Up(TableControl::FramMarriage));
     }
 }
 

@@ -37,8 +37,14 @@ TEST_P(MeldLaidOut, CardsFlyToTheStagingRowThenIntoTheirRow) {
     EXPECT_EQ(watch.End(), c.seen);
 }
 
+// The Queen of Hearts played from her row to a trick; a King of the player's
+// lying in a run, a four and a marriage, which no row of the robot's takes.
 constexpr int AC = CardIndex(Ace, Clubs);
-// The Queen of Hearts played from her row to a trick.
+const Meld kOthersKing = [](Game& g, int) {
+    CardRec& king = Card(g, Second(KD));
+    king.Place = PlacePlayerHand;
+    king.InRun = king.InFourKings = king.InMarriage = true;
+};
 const Meld kPlayQH = [](Game& g, int) { Card(g, QH).Place = PlacePlayed; };
 
 // The last meld is watched; the cards watched are those given unless named.
@@ -46,27 +52,27 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, MeldLaidOut,
     ::testing::Values(
         RowCase(
-            "RobotSecondRun", TheRobot, Second(NH), BothCopies(kHeartRun), {kRun, kRun},
-            {AH, TH, KH, QH, JH, Second(AH)},
+            "RobotSecondRun", TheRobot, Second(NH), BothCopies(kHeartRun),
+            {kRun, kOthersKing, kRun}, {AH, TH, KH, QH, JH, Second(AH)},
             " 27@3130,120 29@3380,120 31@3630,120 33@3600,1680#33^*+350+350 "
             "31@4680,1680#31^*+350+350 29@5760,1680#29^*+350+350 27@6840,1680#27^*+350+350 "
             "25@7920,1680#25^*+350+350 25@2000,2250+100 26@2330,2250^+100 27@2660,2250^+100+100 "
             "29@3320,2250^+100+100 31@3980,2250^+100+100 33@4640,2250^+100+100+300"),
         RowCase("RobotKingsAfterAces", TheRobot, Second(NH), {KD, KC, KH, KS, AD, AC, AH, AS, NC},
-                {Fours(Ace), Fours(King)}, {},
+                {Fours(Ace), kOthersKing, Fours(King)}, {},
                 " 5@3600,1680#5^*+350+350 17@4680,1680#17^*+350+350 29@5760,1680#29^*+350+350 "
                 "41@6840,1680#41^*+350+350 5@2000,3450 17@2330,3450 29@2660,3450 41@2990,3450 "
                 "1@3320,3450 13@3650,3450 25@3980,3450 37@4310,3450^+300 23@2880,120^"),
         RowCase("RobotMarriageBesidePlayedQueen", TheRobot, Second(NH), {KC, QC, KH, QH, NC},
-                {Marriage(Hearts), kPlayQH, Marriage(Clubs)}, {},
+                {Marriage(Hearts), kPlayQH, kOthersKing, Marriage(Clubs)}, {},
                 " 19@3600,1680#19^*+350+350 17@4680,1680#17^*+350+350 17@2000,4650+100 "
                 "19@2350,4650^+100 29@2700,4650^+100+300 23@2880,120^"),
         RowCase("RobotPinochle", TheRobot, Second(NH), {JD1, QS1, NC}, {kPinochle}, {},
                 " 9@3600,1680#9^*+350+350 43@4680,1680#43^*+350+350 9@5610,2250 43@5960,2250+300"),
-        RowCase("PlayerDoubleAfterSingle", ThePlayer, Second(NH), kPinochleCards,
+        RowCase("RobotDoubleAfterSingle", TheRobot, Second(NH), kPinochleCards,
                 {kPinochle, kDouble}, {},
-                " 9@3600,8640^*+350+350 43@4680,8640^*+350+350 10@5760,8640^*+350+350 "
-                "44@6840,8640^*+350+350 9@5610,6405 10@5940,6405 43@6270,6405 44@6600,6405+300"),
+                " 9@3600,1680^*+350+350 43@4680,1680^*+350+350 10@5760,1680#10^*+350+350 "
+                "44@6840,1680#44^*+350+350 9@5610,2250 10@5940,2250 43@6270,2250 44@6600,2250+300"),
         RowCase("RobotDixOnTable", TheRobot, Second(NH), {NH, NC}, {kDix}, {},
                 " 35@3600,1680#35*+350+350 35@8820,3000 23^"),
         RowCase("PlayerDixOnTable", ThePlayer, Second(NH), {NH, NC}, {kDix}, {},

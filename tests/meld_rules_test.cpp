@@ -22,8 +22,7 @@ std::string Flags(const Game& g) {
     for (int card = 1; card <= CardCount; ++card) {
         const int bits = CardFlagBits(Card(g, card));
         if (bits != 0) text += ' ' + std::to_string(card) + ':';
-        for (int k = 0; k < 17; ++k)
-            text += std::string((bits >> k & 1) != 0, "MSTmKQJARPDdwrfen"[k]);
+        for (int k = 0; k < 17; ++k) text += std::string(bits >> k & 1, "MSTmKQJARPDdwrfen"[k]);
     }
     return text;
 }
@@ -55,8 +54,7 @@ TEST_P(MeldMade, TakesItsCardsFlagsThemAndScoresOrTellsWhyNot) {
         for (const auto& [panel, status] : table.hg.table.PanelHistory()) text += '|' + status;
         return text;
     };
-    const TableLabel label =
-        c.who == ThePlayer ? TableLabel::LblLastMeldP : TableLabel::LbllLastMeldC;
+    const auto label = c.who == ThePlayer ? TableLabel::LblLastMeldP : TableLabel::LbllLastMeldC;
     const bool refused = !c.told.empty();
     std::string before, expected = c.flags;
     for (const std::string& status : c.statuses) expected += '|' + status;
@@ -86,7 +84,6 @@ TEST_P(MeldMade, TakesItsCardsFlagsThemAndScoresOrTellsWhyNot) {
 }
 
 const Meld kRoyal = Marriage(Hearts);
-const std::string kRun110 = "Adascores for run 110";
 
 // A run whose King or Queen a royal marriage already scored gets 110; a
 // double after the single gets 460. The run takes the later of two like
@@ -98,7 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
                  {"Adascores for run 150", "Adascores for run 150"},
                  " 25:MRr 26:MRr 27:MRr 28:MRr 29:MRr 30:MRr 31:MRr 32:MRr 33:MRr 34:MRr up:5", ""),
         MeldCase("RunOnAMarriedQueen", ThePlayer, {AH, TH, KH, Second(KH), QH, JH}, {kRoyal, kRun},
-                 {40, 110}, {kRun110}, " 25:MRr 27:MRr 29:Mmw 30:MRr 31:MmRwr 33:MRr up:5", ""),
+                 {40, 110}, {"Adascores for run 110"},
+                 " 25:MRr 27:MRr 29:Mmw 30:MRr 31:MmRwr 33:MRr up:5", ""),
         MeldCase("RunOnAMarriedKing", TheRobot, {AH, TH, KH, QH, Second(QH), JH}, {kRoyal, kRun},
                  {40, 110}, {"Lorindascores for run 110"},
                  " 25:MRr 27:MRr 29:MmRwr 31:Mmw 32:MRr 33:MRr up:5", ""),
