@@ -189,14 +189,17 @@ void MeldRun(Game& g, int who) {
     } else {
         ShowOpponentHand(g);
     }
-    int slot = 1;
-    for (const int value : {Jack, Queen, King, Ten, Ace}) {
-        CardRec& rec = Card(g, at(value));
+    // All five are flagged before the first flies: a redraw of the hand
+    // while they fly must not lay the rest back in the hand row.
+    const std::array<int, 5> run{at(Jack), at(Queen), at(King), at(Ten), at(Ace)};
+    for (const int card : run) {
+        CardRec& rec = Card(g, card);
         rec.Melded = true;
         rec.InRun = true;
         rec.RunDone = true;
-        MoveToMeldRow(g, who, slot++, at(value));
     }
+    int slot = 1;
+    for (const int card : run) MoveToMeldRow(g, who, slot++, card);
     ShowRunCards(g, who);
 }
 

@@ -2,27 +2,28 @@
 // up card, and the cards that melds are made of.
 #pragma once
 
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "headless/headless_game.h"
+#include "melds/meld_rules.h"
 #include "tests/table_fixtures.h"
 
 namespace trickhaven {
 
 // The other copy of a card.
-constexpr int Second(int card) {
-    return card + 1;
-}
+inline constexpr auto Second = [](int card) { return card + 1; };
 
-inline constexpr int AH = CardIndex(Ace, Hearts), TH = CardIndex(Ten, Hearts);
-inline constexpr int KH = CardIndex(King, Hearts), QH = CardIndex(Queen, Hearts);
-inline constexpr int JH = CardIndex(Jack, Hearts), NH = CardIndex(Nine, Hearts);
-inline constexpr int KC = CardIndex(King, Clubs), QC = CardIndex(Queen, Clubs);
-inline constexpr int NC = CardIndex(Nine, Clubs);
-inline constexpr int AD = CardIndex(Ace, Diamonds), KD = CardIndex(King, Diamonds);
-inline constexpr int QD = CardIndex(Queen, Diamonds);
-inline constexpr int AS = CardIndex(Ace, Spades), TS = CardIndex(Ten, Spades);
-inline constexpr int KS = CardIndex(King, Spades), JS = CardIndex(Jack, Spades);
+// Cards by their index in the table: suits Diamonds, Clubs, Hearts, Spades
+// of twelve cards each, Aces first, each card followed by its other copy.
+inline constexpr int AH = 25, TH = 27, KH = 29, QH = 31, JH = 33, NH = 35;
+inline constexpr int KC = 17, QC = 19, NC = 23, AD = 1, KD = 5, QD = 7;
+inline constexpr int AS = 37, TS = 39, KS = 41, JS = 45;
 // The pinochle cards: the Jacks of Diamonds and the Queens of Spades.
 inline constexpr int JD1 = 9, JD2 = 10, QS1 = 43, QS2 = 44;
 
@@ -36,14 +37,11 @@ inline std::vector<int> BothCopies(const std::vector<int>& cards) {
     return both;
 }
 
-inline std::vector<int> FirstOfEachSuit(int value) {
-    return {CardIndex(value, Diamonds), CardIndex(value, Clubs), CardIndex(value, Hearts),
-            CardIndex(value, Spades)};
-}
-
-inline std::vector<int> BothOfEachSuit(int value) {
-    std::vector<int> cards = FirstOfEachSuit(value);
-    for (const int card : FirstOfEachSuit(value)) cards.push_back(Second(card));
+// One card of each suit, Diamonds to Spades, of each value in turn.
+inline std::vector<int> FirstOfEachSuit(std::initializer_list<int> values) {
+    std::vector<int> cards;
+    for (const int value : values)
+        for (int suit = Diamonds; suit <= Spades; ++suit) cards.push_back(CardIndex(value, suit));
     return cards;
 }
 
@@ -68,6 +66,56 @@ struct RoundOneTable {
     }
     HeadlessGame hg;
     Game& g;
+};
+
+// A meld routine for either side.
+using Meld = std::function<void(Game&, int)>;
+inline const Meld kRun = MeldRun, kDouble = MeldDoublePinochle, kPinochle = MeldPinochle,
+                  kDix = MeldDix;
+inline Meld Fours(int value) {
+    return [value](Game& g, int who) { MeldFours(g, who, value); };
+}
+inline Meld Marriage(int suit) {
+    return [suit](Game& g, int who) { MeldMarriage(g, who, suit); };
+}
+
+// What the player sees of some cards, told at each wait: each card moved
+// ("25@3600,8640"), turned ("25#25") or come to the front of the others
+// ("25^") since the last wait, a sound ("*"), then the wait's length
+// ("+350").
+struct Watch {
+    Watch(HeadlessGame& game, std::vector<int> watched) : hg(game), cards(std::move(watched)) {
+        Look();
+        text.clear();
+        hg.platform.stopWhen = [this](const Game&) { return Look(), false; };
+    }
+    std::string End() { return Look(), text; }
+    long Z(int card) const { return hg.table.Picture(card).z; }
+    void Look() {
+        const int now = hg.platform.TickCount();
+        if (now != last) text += '+' + std::to_string(now - last);
+        last = now;
+        const int top = *std::max_element(cards.begin(), cards.end(),
+                                          [this](int a, int b) { return Z(a) < Z(b); });
+        for (const int card : cards) {
+            const CardPicture& is = hg.table.Picture(card);
+            const std::string at = '@' + std::to_string(is.left) + ',' + std::to_string(is.top);
+            const std::string face = '#' + std::to_string(is.image);
+            auto& [wasAt, wasFace] = seen[card];
+            const std::string seenNow = (at != wasAt ? at : "") + (face != wasFace ? face : "") +
+                                        (card == top && top != front ? "^" : "");
+            if (!seenNow.empty()) text += ' ' + std::to_string(card) + seenNow;
+            std::tie(wasAt, wasFace) = std::tie(at, face);
+        }
+        front = top;
+        for (; sounds < hg.platform.sounds.size(); ++sounds) text += '*';
+    }
+    HeadlessGame& hg;
+    std::vector<int> cards;
+    std::map<int, std::pair<std::string, std::string>> seen;
+    std::string text;
+    int last = 0, front = 0;
+    std::size_t sounds = 0;
 };
 
 }  // namespace trickhaven
