@@ -1,188 +1,102 @@
-// The start of the program and "New Game", also in the middle of a deal.
+// The start of the program, of a game and of a hand, and what a new game or
+// an exit asked for in the middle of play leaves behind.
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
+#include "game/hand_setup.h"
 #include "headless/headless_game.h"
 #include "headless/player_policy.h"
 
 namespace trickhaven {
 namespace {
 
-// Everything a new game could disturb, as one comparable text.
-std::string Snapshot(const Game& g) {
-    std::ostringstream out;
-    for (int card = 1; card <= CardCount; ++card) {
-        out << Card(g, card).Place << ':' << CardFlagBits(Card(g, card)) << ' ';
+TEST(SetUpHand, ClearsTheHandAndOnANewGameTheGameAndItsOpenPanels) {
+    for (const bool newGame : {true, false}) {
+        SCOPED_TRACE(newGame);
+        HeadlessGame hg;
+        Game& g = hg.game;
+        // Everything that a hand sets up, then what only a new game does.
+        const auto hand =
+            std::tie(g.PlayerPinochleMade, g.OpponentPinochleMade, g.PlayerDoublePinochleMade,
+                     g.OpponentDoublePinochleMade, g.MeldDone, g.PlayerMayPlay, g.MeldAwaited,
+                     g.PlayerKnocked, g.RoundOneOn, g.RoundTwoOn, g.RoundOneClosing,
+                     g.MeldCommandRunning, g.PlayerPileLeft, g.OpponentPileLeft, g.PlayerLastMeld,
+                     g.OpponentLastMeld, g.PlayerLastTrick, g.OpponentLastTrick, g.PlayerTotalMelds,
+                     g.OpponentTotalMelds, g.PlayerTotalTricks, g.OpponentTotalTricks, g.StockLeft,
+                     g.DelayMs, g.LastStockCard, g.LeadCard, g.FollowCard, g.UpCard, g.LeadSuit,
+                     g.FollowSuit, g.TrumpSuit, g.TrickCount);
+        const auto game = std::tie(g.PlayerTotal, g.OpponentTotal, g.HandNumber, g.TargetScore);
+        const auto dirty = [](auto&... figure) { ((figure = 1), ...); };
+        std::apply(dirty, hand);
+        std::apply(dirty, game);
+        for (int card = 1; card <= CardCount; ++card)
+            Card(g, card).Melded = Card(g, card).DixDone = true;
+        for (int label = 0; label <= int(TableLabel::LblTotScoreC); ++label)
+            hg.table.SetCaption(TableLabel(label), "9");
+        for (const int panel : {3, 4}) hg.table.SetPanelText(panel, "9");
+        const auto panels = {TableControl::FramDeclare, TableControl::FramMarriage,
+                             TableControl::LblKnock};
+        for (const TableControl panel : panels) hg.table.SetControlVisible(panel, true);
+        g.GameOn = !newGame;
+        hg.platform.stopWhen = [](const Game&) { return true; };  // at the deal's first wait
+        EXPECT_THROW(SetUpHand(g), ScenarioOver);
+        std::ostringstream shown;
+        const auto show = [&shown](const auto&... figure) { ((shown << +figure << ' '), ...); };
+        std::apply(show, hand);
+        std::apply(show, game);
+        for (int label = int(TableLabel::LblStock); label <= int(TableLabel::LblTotScoreC); ++label)
+            shown << hg.table.Caption(TableLabel(label)) << '|';
+        shown << hg.table.Title() << '|' << hg.table.PanelText(3) << '|' << hg.table.PanelText(4)
+              << '|';
+        for (const TableControl panel : panels) shown << hg.table.IsControlVisible(panel);
+        for (int card = 1; card <= CardCount; ++card) {
+            shown << (Card(g, card).Place == PlaceStock && CardFlagBits(Card(g, card)) == 0 &&
+                      !hg.table.Picture(card).visible);
+        }
+        EXPECT_EQ(shown.str(),
+                  "0 0 0 0 0 0 0 0 0 0 0 0 10440 10440 0 0 0 0 0 0 0 0 0 100 0 0 0 0 5 5 5 0 " +
+                      std::string(newGame ? "0 0 0 1000 Stock|9|0|0|0|0|0|0|0|0|0|0|Target Score "
+                                            "1000|Tricks|Round |000" +
+                                                std::string(48, '1')
+                                          : "1 1 1 1 Stock|9|0|0|0|0|9|0|0|0|0|9||9|9|111" +
+                                                std::string(48, '1')));
     }
-    out << g.GameOn << g.Dealer << g.Leader << int{g.HandNumber} << g.RoundOneOn << g.RoundTwoOn
-        << ' ' << g.TrickCount << ' ' << g.PlayerMayPlay << g.MeldAwaited << ' ' << g.TrumpSuit
-        << ' ' << g.UpCard << ' ' << g.StockLeft << ' ' << g.DelayMs << ' ' << g.DelayStart << ' '
-        << g.PlayerTotal << ' ' << g.OpponentTotal << ' ' << g.PlayerTotalTricks << ' '
-        << g.OpponentTotalTricks << ' ' << g.TargetScore;
-    return out.str();
 }
 
-int CardsInHands(const Game& g) {
-    int count = 0;
-    for (int card = 1; card <= CardCount; ++card) {
-        const int place = Card(g, card).Place;
-        count += place == PlacePlayerHand || place == PlaceOpponentHand ? 1 : 0;
-    }
-    return count;
-}
-
-long Riffles(const HeadlessGame& hg) {
-    return std::count(hg.platform.sounds.begin(), hg.platform.sounds.end(), "riffle.wav");
-}
-
-TEST(FormLoad, OpensOnAnIdleTableWithTheStockFaceDown) {
+TEST(NewGame, NoGoesOnYesLeavesTheMeldOfferForAFreshGameAndExitEnds) {
     HeadlessGame hg(3);
-    hg.platform.stopWhen = [](const Game&) { return true; };
-    ASSERT_TRUE(hg.Run());
-    const Game& g = hg.game;
-    EXPECT_FALSE(g.GameOn);
-    EXPECT_TRUE(g.Dealer == ThePlayer || g.Dealer == TheRobot);
-    EXPECT_EQ(g.TargetScore, 1000);
-    EXPECT_EQ(hg.table.Title(), " Target Score 1000");
-    EXPECT_EQ(hg.table.PanelText(2), "Player press F2 for new game or use Menu.");
-    EXPECT_EQ(hg.table.Caption(TableLabel::LblBotsName), "Lorinda");
-    EXPECT_EQ(hg.table.Caption(TableLabel::LblBName), "Lorinda");
-    EXPECT_EQ(hg.table.Caption(TableLabel::LblPlayer), "Player");
-    EXPECT_EQ(hg.table.Caption(TableLabel::LblPname), "Player");
-    EXPECT_FALSE(hg.table.IsControlVisible(TableControl::CmdSort));
-    for (int card = 1; card <= CardCount; ++card) {
-        EXPECT_EQ(Card(g, card).Place, PlaceStock);
-        EXPECT_TRUE(hg.table.Picture(card).visible);
-        EXPECT_EQ(hg.table.Picture(card).image, CardBackImage);
-        EXPECT_EQ(hg.table.Picture(card).left, 540 + 3 * (card - 1));
-    }
-}
-
-TEST(FormLoad, TheFirstDealerIsDrawnAtRandom) {
-    int dealtBy[3] = {0, 0, 0};
-    for (std::uint64_t seed = 1; seed <= 200; ++seed) {
-        HeadlessGame hg(seed);
-        hg.platform.stopWhen = [](const Game&) { return true; };
-        ASSERT_TRUE(hg.Run());
-        ++dealtBy[hg.game.Dealer];
-    }
-    EXPECT_GT(dealtBy[1], 70);
-    EXPECT_GT(dealtBy[2], 70);
-}
-
-TEST(NewGame, WithNoGameOnItDealsAtOnce) {
-    HeadlessGame hg(4);
-    hg.platform.script.push_back({TableEventKind::MenuNewGame});
-    hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn; };
-    ASSERT_TRUE(hg.Run());
-    EXPECT_TRUE(hg.table.Messages().empty());
-    EXPECT_TRUE(hg.game.GameOn);
-    EXPECT_EQ(hg.table.PanelText(4), "Round 1");
-}
-
-// Asks for a new game when the deal has dealt `dealt` cards, answering with
-// `answer`, and plays on to the first lead.
-struct NewGameInTheDeal {
-    explicit NewGameInTheDeal(int answer, int dealt = 7) : hg(9) {
-        hg.table.answerDeluxe = [this, answer](const MessageRecord& m) {
-            asked = m;
-            return answer;
-        };
-        hg.platform.script.push_back({TableEventKind::MenuNewGame});
-        hg.platform.policy = [this, dealt](Game& g) -> std::optional<TableEvent> {
-            if (!fired && g.GameOn && CardsInHands(g) == dealt) {
-                fired = true;
-                before = Snapshot(g);
-                firstDealer = g.Dealer;
-                return TableEvent{TableEventKind::MenuNewGame};
-            }
-            return std::nullopt;
-        };
-        hg.platform.afterEvent = [this](const Game& g, const TableEvent&) {
-            if (fired && after.empty()) after = Snapshot(g);
-        };
-        hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn; };
-        EXPECT_TRUE(hg.Run());
-    }
-    HeadlessGame hg;
-    bool fired = false;
-    MessageRecord asked;
-    std::string before;
-    std::string after;
-    int firstDealer = 0;
-};
-
-TEST(NewGame, NoContinueLeavesTheDealExactlyAsItWasAndItGoesOn) {
-    NewGameInTheDeal run(0);
-    ASSERT_TRUE(run.fired);
-    EXPECT_EQ(run.asked.text, "You are in the middle of a game. Really start a new one?");
-    EXPECT_EQ(run.asked.buttons, (std::array<std::string, 3>{"No Continue", "Yes New Game", ""}));
-    EXPECT_EQ(run.asked.icon, 2);
-    EXPECT_EQ(run.asked.title, "Leave this game?");
-    EXPECT_EQ(run.after, run.before);
-    EXPECT_EQ(CardsInHands(run.hg.game), 24);
-    EXPECT_EQ(Riffles(run.hg), 1);
-    EXPECT_EQ(run.hg.game.Dealer, run.firstDealer);
-    EXPECT_EQ(run.hg.game.MessageChoice, 0);
-}
-
-TEST(NewGame, YesNewGameAbandonsTheDealAndDealsAFreshGame) {
-    NewGameInTheDeal run(1);
-    ASSERT_TRUE(run.fired);
-    const Game& g = run.hg.game;
-    EXPECT_EQ(Riffles(run.hg), 2);
-    EXPECT_EQ(CardsInHands(g), 24) << "nothing of the abandoned deal goes on";
-    EXPECT_NE(g.Dealer, run.firstDealer) << "the dealer changes hands once more";
-    EXPECT_EQ(g.HandNumber, 1);
-    EXPECT_EQ(g.PlayerTotal, 0);
-    EXPECT_EQ(g.OpponentTotal, 0);
-    EXPECT_EQ(g.TargetScore, 1000);
-    EXPECT_EQ(run.hg.table.Title(), "Target Score 1000");
-}
-
-TEST(NewGame, TheDealerAlternatesFromGameToGame) {
-    HeadlessGame hg(12);
+    PlayerPolicy player(PolicyKind::First, 3);
     std::vector<int> dealers;
-    hg.table.answerDeluxe = [](const MessageRecord&) { return 1; };
+    hg.table.answerDeluxe = [&](const MessageRecord&) { return dealers.size() == 1 ? 0 : 1; };
     hg.platform.script.push_back({TableEventKind::MenuNewGame});
     hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
-        if (g.RoundOneOn) {
-            dealers.push_back(g.Dealer);
-            return TableEvent{TableEventKind::MenuNewGame};
-        }
-        return std::nullopt;
+        // No in the deal's first wait, Yes at the meld offer, Exit in a wait
+        // of trick 3 of the new game.
+        const bool ask = dealers.empty() ? g.GameOn
+                         : dealers.size() == 1
+                             ? g.MeldAwaited
+                             : g.TrickCount == 3 && !g.PlayerMayPlay && !g.MeldAwaited;
+        if (!ask) return player.Next(g);
+        dealers.push_back(g.Dealer);
+        return TableEvent{dealers.size() == 3 ? TableEventKind::MenuExit
+                                              : TableEventKind::MenuNewGame};
     };
-    hg.platform.stopWhen = [&](const Game&) { return dealers.size() == 5; };
-    ASSERT_TRUE(hg.Run());
-    for (std::size_t i = 1; i < dealers.size(); ++i) {
-        EXPECT_NE(dealers[i], dealers[i - 1]);
-    }
-}
-
-TEST(NewGame, TheDealerAlternatesFromHandToHandAndTotalsCarryOver) {
-    HeadlessGame hg(31);
-    PlayerPolicy player(PolicyKind::First, 31);
-    std::vector<int> dealers;
-    std::vector<int> totalsAtDeal;
-    int lastHand = 0;
-    hg.platform.script.push_back({TableEventKind::MenuNewGame});
-    hg.platform.policy = [&](Game& g) {
-        if (g.RoundOneOn && int{g.HandNumber} != lastHand) {
-            lastHand = g.HandNumber;
-            dealers.push_back(g.Dealer);
-            totalsAtDeal.push_back(g.PlayerTotal + g.OpponentTotal);
-        }
-        return player.Next(g);
-    };
-    hg.platform.stopWhen = [&](const Game& g) { return g.GameOn && g.HandNumber == 4; };
-    ASSERT_TRUE(hg.Run());
+    hg.platform.stopWhen = [&](const Game&) { return hg.platform.eventsServed > 5000; };
+    EXPECT_FALSE(hg.Run()) << "the exit ends the program";
     ASSERT_EQ(dealers.size(), 3U);
-    EXPECT_NE(dealers[0], dealers[1]);
-    EXPECT_NE(dealers[1], dealers[2]);
-    EXPECT_EQ(totalsAtDeal[0], 0);
-    EXPECT_GT(totalsAtDeal[1], 0) << "the totals of a game go on from hand to hand";
-    EXPECT_EQ(hg.game.TargetScore, 1000);
+    EXPECT_EQ(dealers[0], dealers[1]);
+    EXPECT_NE(dealers[1], dealers[2]) << "the new game swaps the dealer once more";
+    const auto& lines = hg.table.timeline;
+    std::vector<std::string> afterBoxes;
+    for (auto line = lines.begin(); line != lines.end(); ++line) {
+        if (line->find(" message ") != std::string::npos)
+            afterBoxes.push_back(line + 1 == lines.end()
+                                     ? "the end"
+                                     : (line + 1)->substr((line + 1)->find(' ') + 1, 6));
+    }
+    EXPECT_EQ(afterBoxes, std::vector<std::string>({"image ", "card 1", "the end"}));
 }
 
 }  // namespace
