@@ -113,6 +113,23 @@ TEST(Deal, FromTheIdleTableStepsPacesTextsAndRowsFollowTheDealerAndANineTurnedUp
                 EXPECT_EQ(
                     shown,
                     " Target Score 1000|Ann press F2 for new game or use Menu.|Ann|Ann|Bob|Bob");
+                // All 48 lie face down on the pile, each a step down and right.
+                for (int card = 1; card <= CardCount; ++card) {
+                    const CardPicture& p = hg.table.Picture(card);
+                    EXPECT_EQ(std::tuple(Card(g, card).Place, p.image, p.visible, p.left, p.top),
+                              std::tuple(PlaceStock, CardBackImage, true, 537 + 3 * card,
+                                         116 + 4 * card));
+                }
+            } else if (!g.RoundOneOn) {  // a card in flight flies over the stock
+                long stockTop = 0;
+                for (int card = 1; card <= CardCount; ++card)
+                    if (Card(g, card).Place == PlaceStock)
+                        stockTop = std::max(stockTop, hg.table.Picture(card).z);
+                for (int card = 1; card <= CardCount; ++card) {
+                    if (Card(g, card).Place != PlaceStock && hg.table.Picture(card).left == 1080) {
+                        EXPECT_GT(hg.table.Picture(card).z, stockTop);
+                    }
+                }
             }
             return g.RoundOneOn;
         };

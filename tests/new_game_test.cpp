@@ -86,6 +86,10 @@ TEST(NewGame, NoGoesOnYesLeavesTheMeldOfferForAFreshGameAndExitEnds) {
     hg.platform.stopWhen = [&](const Game&) { return hg.platform.eventsServed > 5000; };
     EXPECT_FALSE(hg.Run()) << "the exit ends the program";
     ASSERT_EQ(dealers.size(), 3U);
+    const MessageRecord& leave = hg.table.Messages().at(0);
+    EXPECT_EQ(std::tuple(leave.text, leave.buttons[0], leave.buttons[1], leave.icon, leave.title),
+              std::tuple("You are in the middle of a game. Really start a new one?", "No Continue",
+                         "Yes New Game", 2, "Leave this game?"));
     EXPECT_EQ(dealers[0], dealers[1]);
     EXPECT_NE(dealers[1], dealers[2]) << "the new game swaps the dealer once more";
     const auto& lines = hg.table.timeline;

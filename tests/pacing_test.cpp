@@ -20,6 +20,19 @@ TEST(WaitDelay, AZeroWaitServesNothingAndAHandlerThatSetsThePaceMovesTheEnd) {
     hg.platform.script.push_back({TableEventKind::SortClick});
     WaitDelay(g);
     EXPECT_EQ(hg.platform.TickCount(), 100);
+    // A wait nested in a handler moves DelayStart, so the wait it interrupted
+    // runs its length again from where the nested one began.
+    hg.platform.script.push_back({TableEventKind::KnockClick});
+    hg.platform.policy = [rounds = 0](Game& game) mutable -> std::optional<TableEvent> {
+        if (++rounds == 1) {
+            game.DelayMs = 50;
+            WaitDelay(game);
+            game.DelayMs = 100;
+        }
+        return std::nullopt;
+    };
+    WaitDelay(g);
+    EXPECT_EQ(hg.platform.TickCount(), 100 + 1 + 100);
 }
 
 }  // namespace

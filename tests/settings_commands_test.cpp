@@ -52,9 +52,22 @@ TEST(Settings, TargetCommandsTitleTellThenSaveAndSpeedCommandsSaveThenTell) {
                               digits + ". You can come back and change at any time | \n");
         EXPECT_EQ(lg.Saved(), "0,0,100,\"Player\",\"Lorinda\"," + digits);
     }
-    LoggedGame lg;
-    MnuSlow_Click(lg.g);
-    EXPECT_TRUE(lg.log.ends_with(" | 0,0,250,\"Player\",\"Lorinda\",0\n"));
+    const std::tuple<void (*)(Game&), int, std::string> speeds[]{
+        {MnuFast_Click, 25, "faster"},
+        {MnuMedium_Click, 100, "at a medium speed"},
+        {MnuSlow_Click, 250, "slowly"}};
+    for (const auto& [command, speed, how] : speeds) {
+        LoggedGame lg;
+        lg.g.GameSpeed = 7;
+        lg.g.DelayMs = 9;
+        command(lg.g);
+        // The pace of a wait under way is left alone.
+        EXPECT_EQ(std::tuple(lg.g.GameSpeed, lg.g.DelayMs), std::tuple(speed, 9));
+        EXPECT_EQ(lg.log, "Trickhaven [OK|] 0:  The cards should now play " + how +
+                              ", but it will depend on the speed of your computer to a degree. | "
+                              "0,0," +
+                              std::to_string(speed) + ",\"Player\",\"Lorinda\",0\n");
+    }
 }
 
 // No asks no more and saves nothing; a name is taken as typed, Cancel
