@@ -106,7 +106,9 @@ const std::string kRoundTwoOpens = "0 hide LblKnock\n0 panel 4 Round 2\n0 messag
 struct LastTricks : RoundOneTable {
     LastTricks(int leader, std::array<int, 2> plays, int choice)
         : RoundOneTable(Diamonds, JD2, 10) {
-        for (int card = 1; card <= CardCount; ++card) Card(g, card).Place = PlacePlayed;
+        for (int card = 1; card <= CardCount; ++card) {
+            if (card != g.UpCard) Card(g, card).Place = PlacePlayed;
+        }
         Give(ThePlayer, {AD, Second(AD), TD, Second(TD), KD, Second(KD), QD, Second(QD), JD1, AH,
                          Second(AH), NC});
         Give(TheRobot, BothCopies({AC, TC, JC, AS, TS, NS}));
