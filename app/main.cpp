@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include "app/command_line.h"
+#include "app/quiet_toolkit.h"
 #include "data/data_folder.h"
 #include "forms/about_box.h"
 #include "forms/help_pages.h"
@@ -19,9 +21,20 @@ std::filesystem::path ToPath(const QString& folder) {
     return std::filesystem::path(QDir::toNativeSeparators(folder).toStdString());
 }
 
+// A game installed under /usr belongs to the package manager: it keeps the
+// player's files in the player's data folder even when run by root.
+bool MayWriteProgramFolder(const QString& programFolder) {
+    return QFileInfo(programFolder).isWritable() &&
+           !programFolder.startsWith(QStringLiteral("/usr/"));
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    if (const auto answered = trickhaven::AnswerCommandLine(argc, argv)) {
+        return *answered;
+    }
+    trickhaven::QuietenToolkit();
     QApplication app(argc, argv);
     QApplication::setApplicationName("Trickhaven");
     // Lets the desktop match the window to the installed menu entry and icon.
@@ -32,7 +45,7 @@ int main(int argc, char* argv[]) {
     trickhaven::QtPlatform platform(ToPath(programFolder));
     trickhaven::Game g(table, platform);
     g.DataFolder = trickhaven::ChooseDataFolder(
-        ToPath(programFolder), QFileInfo(programFolder).isWritable(),
+        ToPath(programFolder), MayWriteProgramFolder(programFolder),
         ToPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 
     table.SetEventHandler(
