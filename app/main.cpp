@@ -21,13 +21,6 @@ std::filesystem::path ToPath(const QString& folder) {
     return std::filesystem::path(QDir::toNativeSeparators(folder).toStdString());
 }
 
-// A game installed under /usr belongs to the package manager: it keeps the
-// player's files in the player's data folder even when run by root.
-bool MayWriteProgramFolder(const QString& programFolder) {
-    return QFileInfo(programFolder).isWritable() &&
-           !programFolder.startsWith(QStringLiteral("/usr/"));
-}
-
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -45,7 +38,7 @@ int main(int argc, char* argv[]) {
     trickhaven::QtPlatform platform(ToPath(programFolder));
     trickhaven::Game g(table, platform);
     g.DataFolder = trickhaven::ChooseDataFolder(
-        ToPath(programFolder), MayWriteProgramFolder(programFolder),
+        ToPath(programFolder), QFileInfo(programFolder).isWritable(),
         ToPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 
     table.SetEventHandler(
