@@ -152,6 +152,22 @@ TEST_F(TableKeysTest, TheRingShowsOnlyOnceAKeyIsPressedAndGoesWithTheMouse) {
     EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::CardClick, 3}, {E::CardClick, 3}}));
 }
 
+TEST_F(TableKeysTest, AButtonShowsItsFocusToTheKeyboardAndLooksAsDesignedAfterTheMouse) {
+    Deal({25}, {});
+    table.SetControlVisible(TableControl::CmdSort, true);
+    QApplication::processEvents();
+    QWidget* sort = FindControl(table, "CmdSort");
+    const QImage designed = sort->grab().toImage();
+    Press(Qt::Key_Tab, Picture(25));
+    ASSERT_EQ(Focused(), sort);
+    EXPECT_NE(sort->grab().toImage(), designed);
+    QTest::mouseClick(sort, Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_TRUE(sort->hasFocus());
+    EXPECT_EQ(sort->grab().toImage(), designed);
+    EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::SortClick}}));
+}
+
 TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShowsOnlyToKeys) {
     struct Case {
         QString button0, button1;
