@@ -157,5 +157,32 @@ TEST(KeyPlay, AWholeGameByKeysEndsOnTheTableThatTheClicksLeave) {
     EXPECT_TRUE(shown("show LblKnock"));
 }
 
+// Between two keys the focus keeps up with the hand, as the window's does
+// while events are served: once the played card has gone, the card beside
+// it has the focus for the next lead, before any key is pressed.
+TEST(KeyPlay, TheFocusMovesToTheNeighbourOfThePlayedCardBeforeTheNextKey) {
+    HeadlessGame hg(7);
+    hg.platform.script.push_back({E::MenuNewGame});
+    int neighbour = 0;
+    int checked = 0;
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        if (g.MeldAwaited && !g.MeldCommandRunning) return TableEvent{E::CancelClick};
+        if (!CardAwaited(g)) return std::nullopt;
+        if (neighbour != 0) {
+            EXPECT_EQ(hg.platform.keyboard.Focus().hand.card, neighbour)
+                << "trick " << g.TrickCount;
+            ++checked;
+        }
+        const std::vector<int> chain = HandChain(g, SightOf(hg.table));
+        const HandFocus& focus = hg.platform.keyboard.Focus().hand;
+        const std::size_t at = focus.card == 0 ? 0 : focus.position;
+        neighbour = at + 1 < chain.size() ? chain[at + 1] : chain[at - 1];
+        return hg.platform.keyboard.Press(g, hg.table, {TableKey::Enter});
+    };
+    hg.platform.stopWhen = [&](const Game& g) { return checked == 6 || g.RoundTwoOn; };
+    EXPECT_TRUE(hg.Run());
+    EXPECT_EQ(checked, 6);
+}
+
 }  // namespace
 }  // namespace trickhaven
