@@ -1,6 +1,6 @@
 // MFormDeluxe: the game's own message box. A borderless blue form with a
 // title band, the wrapped message, an icon and up to three drawn buttons;
-// modal, with a ring, until one button is clicked.
+// modal, with a ring, until one button is clicked or a key answers for it.
 #pragma once
 
 #include <QColor>

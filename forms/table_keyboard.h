@@ -50,7 +50,6 @@ public:
     // A card or a panel came to the front: the ring stays on top.
     void Raised();
     bool KeyboardInUse() const { return keyboardInUse_; }
-    const TableFocus& Focus() const { return focus_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -18,7 +18,8 @@ struct StopDesign {
 
 using E = TableEventKind;
 
-// In Tab's order, TableStop by TableStop; the hand's row has no control.
+// In Tab's order, TableStop by TableStop. The hand's row has no control: its
+// click is the focused card's.
 constexpr std::array<StopDesign, TableStopCount> kStops{{
     {"", {E::CardClick}, TableControl::CmdSort},
     {"CmdSort", {E::SortClick}, TableControl::CmdSort},
