@@ -43,6 +43,7 @@ int main(int argc, char* argv[]) {
 
     table.SetEventHandler(
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
+    table.SetGame(g);
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
     trickhaven::HelpPages help;
     QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,
