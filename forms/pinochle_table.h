@@ -12,12 +12,14 @@
 
 #include "forms/card_art.h"
 #include "forms/mform_deluxe.h"
+#include "forms/table_access.h"
 #include "forms/table_view.h"
 
 namespace trickhaven {
 
 class CardPicture;
 class TableStatusBar;
+class TableTalk;
 
 using TableEventHandler = std::function<void(const TableEvent&)>;
 
@@ -29,6 +31,12 @@ public:
     void SetEventHandler(TableEventHandler handler);
     // Rings as the game's message box opens.
     void SetMessageRing(std::function<void()> ring);
+    // Where each card stands for the player, asked of the game whenever a
+    // screen reader reads the card.
+    void SetCardReading(std::function<CardStanding(int card)> reading);
+    // Feeds the talk with the commentary and the messages, and speaks what
+    // it gathers once the running steps reach their next wait.
+    void SetTalk(TableTalk& talk);
     // Shows the window in the middle of its screen.
     void ShowCentred();
     // The table itself: the widget of fixed size that holds every card and
@@ -79,6 +87,8 @@ private:
     void BuildCards();
     void BuildMenu();
     void Send(TableEvent event);
+    void NameScoreFigures();
+    void Speak();
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;
 
@@ -90,6 +100,8 @@ private:
     CardArt art_;
     MFormDeluxe deluxe_;
     TableEventHandler handler_;
+    SpokenNotice* notice_;
+    TableTalk* talk_ = nullptr;
 };
 
 }  // namespace trickhaven
