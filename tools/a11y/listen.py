@@ -144,8 +144,11 @@ def main():
 
     listener = Listener(args)
     listener.app_name = os.path.basename(args.program).capitalize()
+    # Orca listens to name changes too; without a listener for them Qt's
+    # bridge sends none, and the client's cache would give a notification
+    # its old name.
     for kind in ("object:state-changed:showing", "object:announcement", "window:activate",
-                 "object:state-changed:focused"):
+                 "object:state-changed:focused", "object:property-change:accessible-name"):
         pyatspi.Registry.registerEventListener(listener.on_event, kind)
 
     env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
@@ -165,10 +168,10 @@ def main():
             listener.app = listener.find_app()
             return True
         if not state["dealt"]:
-            window = subprocess.run(["xdotool", "search", "--name", "Trickhaven|Target"],
+            window = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Trickhaven|Target"],
                                     capture_output=True, text=True).stdout.split()
             if window:
-                subprocess.run(["xdotool", "windowactivate", "--sync", window[0]], check=False)
+                subprocess.run(["xdotool", "windowfocus", "--sync", window[0]], check=False)
                 key("F2")
                 state["dealt"] = True
                 state["dealt_at"] = time.monotonic()
