@@ -11,9 +11,11 @@
 #include <tuple>
 
 #include "forms/card_picture.h"
+#include "forms/qt_platform.h"
 #include "forms/table_access.h"
 #include "forms_test_support.h"
 #include "game/table_talk.h"
+#include "tests/table_fixtures.h"
 
 // Texts in failures as text.
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -84,6 +86,33 @@ TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlay
     // The standing is asked afresh: a card played leaves the buttons.
     standing[Queen] = {};
     EXPECT_EQ(Read("PicCard7")->role(), QAccessible::Graphic);
+}
+
+TEST_F(ScreenReaderTest, TheGameTellsWhichCardsAreThePlayersAndWhichPlayNow) {
+    QtPlatform platform(".");
+    Game g(table, platform);
+    ClearTable(g);
+    g.GameOn = g.RoundTwoOn = g.PlayerMayPlay = true;
+    g.TrumpSuit = Spades;
+    g.Leader = TheRobot;
+    g.LeadSuit = Hearts;
+    const int heart = CardIndex(King, Hearts), club = CardIndex(Ace, Clubs);
+    const int melded = CardIndex(Queen, Hearts), robots = CardIndex(Ten, Hearts);
+    PlaceCards(g, PlacePlayerHand, {heart, club, melded});
+    PlaceCards(g, PlaceOpponentHand, {robots});
+    Card(g, melded).Melded = true;
+    // The card, whether it is the player's to press, whether it plays now.
+    for (const auto& [card, players, plays] :
+         std::vector<std::tuple<int, bool, bool>>{{heart, true, true},
+                                                  {club, true, false},
+                                                  {melded, false, true},
+                                                  {robots, false, false}}) {
+        const CardStanding standing = ReadCard(g, card);
+        EXPECT_EQ(std::tuple(standing.playersCard, standing.playable), std::tuple(players, plays))
+            << card;
+    }
+    g.PlayerMayPlay = false;
+    EXPECT_FALSE(ReadCard(g, heart).playable) << "out of turn";
 }
 
 TEST_F(ScreenReaderTest, EachScoreFigureSaysItsSideAndRowAndFollowsNamesAndScores) {
