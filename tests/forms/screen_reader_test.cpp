@@ -5,8 +5,10 @@
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
+#include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <QTimer>
 #include <map>
 #include <tuple>
 
@@ -168,6 +170,24 @@ TEST_F(ScreenReaderTest, WhatHappensAtOnceIsShownOnceAsANotificationAndNothingIs
     EXPECT_TRUE(notice->testAttribute(Qt::WA_TransparentForMouseEvents));
     EXPECT_FALSE(notice->autoFillBackground());
     EXPECT_LE(notice->width() * notice->height(), 1);
+}
+
+TEST_F(ScreenReaderTest, AMessageIsSpokenByItsTitleAndTextWhileItIsOpen) {
+    TableTalk talk;
+    table.SetTalk(talk);
+    auto* notice = table.findChild<SpokenNotice*>();
+    QString spokenWhileOpen;
+    // The talk's own round comes first; the box is answered in the next.
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] {
+            spokenWhileOpen = notice->isVisible() ? notice->accessibleName() : QString();
+            QTest::mouseClick(QApplication::activeModalWidget()->findChild<QWidget*>("Label1_0"),
+                              Qt::LeftButton);
+        });
+    });
+    table.ShowDeluxeMessage("Your total score is 310 against 240", "O.K", "", "", 1,
+                            "Total Scores");
+    EXPECT_EQ(spokenWhileOpen, "Total Scores. Your total score is 310 against 240.");
 }
 
 }  // namespace
