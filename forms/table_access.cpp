@@ -69,7 +69,7 @@ QAccessibleInterface* TableAccessible(const QString&, QObject* object) {
 
 CardStanding ReadCard(const Game& g, int card) {
     const CardRec& rec = Card(g, card);
-    return {rec.Place == PlacePlayerHand && !rec.Melded, ClickWouldPlay(g, card)};
+    return {rec.Place == PlacePlayerHand, ClickWouldPlay(g, card)};
 }
 
 SpokenNotice::SpokenNotice(QWidget* parent) : QWidget(parent) {

@@ -11,7 +11,7 @@ struct Game;
 
 // Where a card stands for the player, as the game knows it.
 struct CardStanding {
-    bool playersCard = false;  // in his hand, out of the meld rows
+    bool playersCard = false;  // in his hand, his meld rows too
     bool playable = false;     // a click would play it now
 };
 

@@ -102,12 +102,12 @@ TEST_F(ScreenReaderTest, TheGameTellsWhichCardsAreThePlayersAndWhichPlayNow) {
     const int melded = CardIndex(Queen, Hearts), robots = CardIndex(Ten, Hearts);
     PlaceCards(g, PlacePlayerHand, {heart, club, melded});
     PlaceCards(g, PlaceOpponentHand, {robots});
-    Card(g, melded).Melded = true;
+    Card(g, melded).Melded = Card(g, robots).Melded = true;
     // The card, whether it is the player's to press, whether it plays now.
     for (const auto& [card, players, plays] :
          std::vector<std::tuple<int, bool, bool>>{{heart, true, true},
                                                   {club, true, false},
-                                                  {melded, false, true},
+                                                  {melded, true, true},
                                                   {robots, false, false}}) {
         const CardStanding standing = ReadCard(g, card);
         EXPECT_EQ(std::tuple(standing.playersCard, standing.playable), std::tuple(players, plays))
