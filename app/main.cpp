@@ -38,6 +38,7 @@ int main(int argc, char* argv[]) {
 
     table.SetEventHandler(
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
+    table.SetGame(g);
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
     // What a screen reader is told and asked of the cards.
     trickhaven::TableTalk talk;

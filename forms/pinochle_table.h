@@ -14,10 +14,12 @@
 #include "forms/mform_deluxe.h"
 #include "forms/table_access.h"
 #include "forms/table_view.h"
+#include "game/game_state.h"
 
 namespace trickhaven {
 
 class CardPicture;
+class TableKeyboard;
 class TableStatusBar;
 class TableTalk;
 
@@ -29,6 +31,9 @@ public:
     explicit PinochleTable(QWidget* parent = nullptr);
 
     void SetEventHandler(TableEventHandler handler);
+    // The game whose hand the keys walk.
+    void SetGame(const Game& g);
+    const TableKeyboard& Keyboard() const { return *keyboard_; }
     // Rings as the game's message box opens.
     void SetMessageRing(std::function<void()> ring);
     // Where each card stands for the player, asked of the game whenever a
@@ -102,6 +107,7 @@ private:
     TableEventHandler handler_;
     SpokenNotice* notice_;
     TableTalk* talk_ = nullptr;
+    TableKeyboard* keyboard_ = nullptr;
 };
 
 }  // namespace trickhaven

@@ -31,7 +31,9 @@ void TableButton::paintEvent(QPaintEvent*) {
     const QRect caption = contentsRect().translated(sink, sink);
     style()->drawItemText(&painter, caption, Qt::AlignCenter | Qt::TextShowMnemonic, colours,
                           isEnabled(), text(), QPalette::ButtonText);
-    if (hasFocus()) {
+    // The focus shows only to a player on the keyboard; the mouse sees the
+    // button as designed.
+    if (hasFocus() && window()->property("keyboardInUse").toBool()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
         focus.rect = rect().adjusted(4, 4, -4, -4);

@@ -101,7 +101,8 @@ public:
           hg_(options.seed + static_cast<std::uint64_t>(report.sessions) * 0x9E3779B9ULL),
           player_(PolicyKindByName(options.policy).value_or(PolicyKind::Random),
                   (options.seed ^ 0x5EEDULL) + static_cast<std::uint64_t>(report.sessions)),
-          chaos_(options.seed ^ 0xC4A05C4A05ULL, ChaosSettings{options.allowExit, 4000}) {
+          chaos_(options.seed ^ 0xC4A05C4A05ULL, ChaosSettings{options.allowExit, 4000},
+                 hg_.table) {
         if (options.transcript != nullptr) transcript_.emplace(options.transcript);
         hg_.game.DataFolder = folder;
         hg_.table.keepHistory = false;
@@ -121,6 +122,9 @@ public:
         report_.eventsServed += hg_.platform.eventsServed;
         report_.injected += chaos_.injected;
         report_.exitsTaken += chaos_.exitsTaken;
+        report_.keysPressed += chaos_.KeysPressed();
+        if (chaos_.keysAstray != 0)
+            checks_.Fail("keys clicked another control than they walked to");
         return !stuck_ && roundsWithoutPlay_ <= kRoundsWithoutPlay;
     }
 

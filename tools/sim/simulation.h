@@ -56,6 +56,7 @@ struct SimReport {
     long eventsServed = 0;
     long injected = 0;
     long exitsTaken = 0;
+    long keysPressed = 0;
     std::vector<std::string> notes;
     std::vector<Checkpoint> checkpoints;
     std::uint64_t signature = 0xCBF29CE484222325ULL;
