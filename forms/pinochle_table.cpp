@@ -1,6 +1,7 @@
 #include "forms/pinochle_table.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -120,6 +121,7 @@ void PinochleTable::SetCardReading(std::function<CardStanding(int card)> reading
     for (int card = 1; card <= CardCount; ++card) {
         Card(card).standing = [shared, card] { return (*shared)(card); };
     }
+    TellCardStandings();
 }
 
 void PinochleTable::SetTalk(TableTalk& talk) {
@@ -133,6 +135,20 @@ void PinochleTable::Speak() {
     const std::string spoken = talk_->TakeSpoken();
     if (!spoken.empty()) {
         notice_->Say(FromGame(spoken));
+    }
+    TellCardStandings();
+}
+
+void PinochleTable::TellCardStandings() {
+    // Whether a card plays changes with the turn, which the window is not
+    // told of; what happens is, so the cards are looked at as it is spoken.
+    for (int card = 1; card <= CardCount; ++card) {
+        const CardStanding now = Card(card).Standing();
+        CardStanding& was = standings_.at(static_cast<std::size_t>(card));
+        if (now.playersCard == was.playersCard && now.playable == was.playable) continue;
+        was = now;
+        QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&changed);
     }
 }
 

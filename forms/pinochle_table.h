@@ -94,6 +94,7 @@ private:
     void Send(TableEvent event);
     void NameScoreFigures();
     void Speak();
+    void TellCardStandings();
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;
 
@@ -106,6 +107,7 @@ private:
     MFormDeluxe deluxe_;
     TableEventHandler handler_;
     SpokenNotice* notice_;
+    std::array<CardStanding, 49> standings_{};
     TableTalk* talk_ = nullptr;
     TableKeyboard* keyboard_ = nullptr;
 };

@@ -148,7 +148,8 @@ def main():
     # bridge sends none, and the client's cache would give a notification
     # its old name.
     for kind in ("object:state-changed:showing", "object:announcement", "window:activate",
-                 "object:state-changed:focused", "object:property-change:accessible-name"):
+                 "object:state-changed:focused", "object:property-change:accessible-name",
+                 "object:property-change:accessible-description"):
         pyatspi.Registry.registerEventListener(listener.on_event, kind)
 
     env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1")
