@@ -146,6 +146,16 @@ void PinochleTable::TellCardStandings() {
         const CardStanding now = Card(card).Standing();
         CardStanding& was = standings_.at(static_cast<std::size_t>(card));
         if (now.playersCard == was.playersCard && now.playable == was.playable) continue;
+        if (now.playersCard != was.playersCard && QAccessible::isActive()) {
+            // A screen reader keeps the role of a card it has read; a card
+            // that comes into the hand or leaves it is made anew for it.
+            QAccessibleEvent gone(&Card(card), QAccessible::ObjectDestroyed);
+            QAccessible::updateAccessibility(&gone);
+            QAccessible::deleteAccessibleInterface(
+                QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&Card(card))));
+            QAccessibleEvent made(&Card(card), QAccessible::ObjectCreated);
+            QAccessible::updateAccessibility(&made);
+        }
         was = now;
         QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&changed);
@@ -279,6 +289,7 @@ bool PinochleTable::eventFilter(QObject* watched, QEvent* event) {
 
 void PinochleTable::SetCardImage(int card, int image) {
     Card(card).SetImage(image);
+    TellCardStandings();
     keyboard_->HandChanged();
 }
 

@@ -18,6 +18,8 @@ import time
 import pyatspi
 from gi.repository import GLib
 
+import keys_player
+
 CARD = re.compile(r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)$")
 FIGURE = re.compile(
     r"^(.+), (last trick|total tricks|last meld|total melds|total score), (-?\d+)$")
@@ -31,7 +33,9 @@ class Listener:
         self.app = None
         self.failures = []
         self.game = None
-        self.steps = []
+        self.focused = None
+        self.names = {}
+        self.robot_name = args.robot_name
 
     def note(self, kind, source, text):
         try:
@@ -47,15 +51,23 @@ class Listener:
             if not self.from_game(event.source):
                 return
             kind = event.type
-            if kind.startswith("object:state-changed:showing"):
+            if kind.startswith("object:property-change:accessible-name"):
+                # The name as it was set: by the time a later event is read
+                # the object may bear a newer one.
+                name = event.any_data
+                self.names[hash(event.source)] = (
+                    name if isinstance(name, str) else event.source.name)
+            elif kind.startswith("object:state-changed:showing"):
                 if event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
-                    self.note("notification", event.source, event.source.name)
+                    self.note("notification", event.source,
+                              self.names.get(hash(event.source), event.source.name))
             elif kind.startswith("object:announcement"):
                 self.note("announcement", event.source, str(event.any_data))
             elif kind.startswith("window:activate"):
                 self.note("window", event.source, event.source.name)
             elif kind.startswith("object:state-changed:focused"):
                 if event.detail1:
+                    self.focused = event.source
                     self.note("focus", event.source, event.source.name)
         except Exception as error:  # a gone object must not stop the listener
             if self.args.verbose:
@@ -140,6 +152,7 @@ def main():
                         help="fail when a card of the hand cannot take the focus")
     parser.add_argument("--play", action="store_true",
                         help="play a whole hand from the keyboard")
+    parser.add_argument("--robot-name", default="Lorinda")
     args = parser.parse_args()
 
     listener = Listener(args)
@@ -184,8 +197,8 @@ def main():
                 pyatspi.Registry.stop()
                 return False
         if args.play and state["checked"]:
-            from keys_player import step  # the keys-only player, when present
-            if step(listener, key):
+            if keys_player.step(listener, key):
+                state["played"] = True
                 pyatspi.Registry.stop()
                 return False
         return True
@@ -204,6 +217,10 @@ def main():
         print("  " + text)
     if not state["checked"]:
         listener.failures.append("the deal's commentary was never heard")
+    if args.play:
+        listener.failures += keys_player.report(listener)
+        if not state.get("played"):
+            listener.failures.append("the hand was not played out from the keys")
     for failure in listener.failures:
         print("FAILED: " + failure)
     return 1 if listener.failures else 0
