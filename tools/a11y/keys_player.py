@@ -15,6 +15,7 @@ class KeysPlayer:
     def __init__(self):
         self.quiet_ticks = 0
         self.moves = 0
+        self.box_was_open = False
         self.keys = []
         self.hand_over = False
         self.figures_at_end = {}
@@ -46,6 +47,11 @@ class KeysPlayer:
                 if match:
                     self.figures_at_end[match.group(1)] = int(match.group(2))
         box = self.dialog(listener.app)
+        if box is None and self.box_was_open:
+            # A desktop's window manager gives the table the focus back when
+            # a message closes; the bare X display of the tests has none.
+            listener.focus_table()
+        self.box_was_open = box is not None
         if box is not None:
             if self.hand_over and "Total Scores" in (box.name or "") + " ".join(spoken[-2:]):
                 self.answered_totals = True

@@ -139,6 +139,14 @@ class Listener:
         if len(figures) != 10 or len(sides) != 2:
             self.failures.append(f"{len(figures)} score figures named with {len(sides)} sides")
 
+    def focus_table(self):
+        """Gives the table's window the keyboard; false while it is not up."""
+        window = subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
+                                 "Trickhaven|Target"], capture_output=True, text=True).stdout.split()
+        if window:
+            subprocess.run(["xdotool", "windowfocus", "--sync", window[0]], check=False)
+        return bool(window)
+
     def spoken(self):
         return [text for _, kind, _, text in self.heard if kind in ("notification", "announcement")]
 
@@ -182,10 +190,7 @@ def main():
             listener.app = listener.find_app()
             return True
         if not state["dealt"]:
-            window = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Trickhaven|Target"],
-                                    capture_output=True, text=True).stdout.split()
-            if window:
-                subprocess.run(["xdotool", "windowfocus", "--sync", window[0]], check=False)
+            if listener.focus_table():
                 key("F2")
                 state["dealt"] = True
                 state["dealt_at"] = time.monotonic()
