@@ -14,6 +14,7 @@
 #include "forms/qt_platform.h"
 #include "game/game_state.h"
 #include "game/session.h"
+#include "game/table_talk.h"
 
 namespace {
 
@@ -45,6 +46,13 @@ int main(int argc, char* argv[]) {
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
     table.SetGame(g);
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
+    // What a screen reader is told and asked of the cards.
+    trickhaven::TableTalk talk;
+    g.onPlay = [&talk](const trickhaven::Game& game, const trickhaven::PlayLogEvent& event) {
+        talk.Hear(game, event);
+    };
+    table.SetTalk(talk);
+    table.SetCardReading([&g](int card) { return trickhaven::ReadCard(g, card); });
     trickhaven::HelpPages help;
     QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,
                      [&help] { help.ShowFirstPage(); });

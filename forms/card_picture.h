@@ -6,8 +6,10 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "forms/sharp_picture.h"
+#include "forms/table_access.h"
 
 namespace trickhaven {
 
@@ -28,6 +30,12 @@ public:
     void MoveTo(int left, int top);
     int Left() const { return left_; }
     int Top() const { return top_; }
+
+    // Where the card stands for the player, asked of the game.
+    std::function<CardStanding()> standing;
+    CardStanding Standing() const { return standing ? standing() : CardStanding{}; }
+    // What a click on the card does, for assistive technology's press.
+    void Press() { emit clicked(card_); }
 
 signals:
     void clicked(int card);

@@ -1,13 +1,16 @@
 #include "forms/pinochle_table.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
 #include <QShortcutEvent>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "forms/caption_fit.h"
 #include "forms/card_picture.h"
@@ -19,6 +22,7 @@
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
 #include "game/card_table.h"
+#include "game/table_talk.h"
 
 namespace trickhaven {
 
@@ -28,6 +32,33 @@ QString FromGame(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+// Each score figure with the name label of its side and the caption of its
+// row, so that a screen reader can say whose score it is and which.
+struct ScoreFigure {
+    const char* figure;
+    const char* side;
+    const char* row;
+};
+constexpr std::array<ScoreFigure, 10> kScoreFigures{{
+    {"LblLastTrickP", "LblPname1", "Label2"},
+    {"LblTotTricksP", "LblPname1", "Label5"},
+    {"LblLastMeldP", "LblPname1", "LastMeld"},
+    {"LblTotalMeldsP", "LblPname1", "Label8"},
+    {"LblTotalScoreP", "LblPname1", "LblTotal"},
+    {"LblLastTrickC", "LblBName", "Label13"},
+    {"LblTotTricskC", "LblBName", "Label10"},
+    {"LbllLastMeldC", "LblBName", "Label11"},
+    {"LblTotMeldsC", "LblBName", "Label6"},
+    {"LblTotScoreC", "LblBName", "Label3"},
+}};
+
+// "Last Trick:-" is said "last trick", "TOTAL SCORE" "total score".
+QString RowWords(const QLabel& row) {
+    QString words = row.text();
+    if (words.endsWith(":-")) words.chop(2);
+    return words.trimmed().toLower();
+}
+
 // The card pile where every card lies before the first deal.
 constexpr int DesignCardLeft = 9000;
 constexpr int DesignCardTop = 2880;
@@ -35,7 +66,8 @@ constexpr int DesignCardTop = 2880;
 }  // namespace
 
 PinochleTable::PinochleTable(QWidget* parent)
-    : QMainWindow(parent), surface_(new QWidget), deluxe_(this) {
+    : QMainWindow(parent), surface_(new QWidget), deluxe_(this), notice_(new SpokenNotice(this)) {
+    InstallTableAccessibility();
     setObjectName("PinochleTable");
     setWindowIcon(CardArt::ProgramIcon());
     surface_->setObjectName("TableSurface");
@@ -51,6 +83,7 @@ PinochleTable::PinochleTable(QWidget* parent)
     BuildControls();
     BuildCards();
     BuildMenu();
+    NameScoreFigures();
     auto* client = new QWidget(this);
     client->setObjectName("TableClient");
     auto* layout = new QVBoxLayout(client);
@@ -81,6 +114,62 @@ void PinochleTable::SetGame(const Game& g) {
 
 void PinochleTable::SetMessageRing(std::function<void()> ring) {
     deluxe_.onRing = std::move(ring);
+}
+
+void PinochleTable::SetCardReading(std::function<CardStanding(int card)> reading) {
+    auto shared = std::make_shared<std::function<CardStanding(int)>>(std::move(reading));
+    for (int card = 1; card <= CardCount; ++card) {
+        Card(card).standing = [shared, card] { return (*shared)(card); };
+    }
+    TellCardStandings();
+}
+
+void PinochleTable::SetTalk(TableTalk& talk) {
+    talk_ = &talk;
+    // A zero timer fires at the next round of events: all that the game did
+    // between two waits is spoken as one text.
+    talk.onNews = [this] { QTimer::singleShot(0, this, &PinochleTable::Speak); };
+}
+
+void PinochleTable::Speak() {
+    const std::string spoken = talk_->TakeSpoken();
+    if (!spoken.empty()) {
+        notice_->Say(FromGame(spoken));
+    }
+    TellCardStandings();
+}
+
+void PinochleTable::TellCardStandings() {
+    // Whether a card plays changes with the turn, which the window is not
+    // told of; what happens is, so the cards are looked at as it is spoken.
+    for (int card = 1; card <= CardCount; ++card) {
+        const CardStanding now = Card(card).Standing();
+        CardStanding& was = standings_.at(static_cast<std::size_t>(card));
+        if (now.playersCard == was.playersCard && now.playable == was.playable) continue;
+        if (now.playersCard != was.playersCard && QAccessible::isActive()) {
+            // A screen reader keeps the role of a card it has read; a card
+            // that comes into the hand or leaves it is made anew for it.
+            QAccessibleEvent gone(&Card(card), QAccessible::ObjectDestroyed);
+            QAccessible::updateAccessibility(&gone);
+            QAccessible::deleteAccessibleInterface(
+                QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&Card(card))));
+            QAccessibleEvent made(&Card(card), QAccessible::ObjectCreated);
+            QAccessible::updateAccessibility(&made);
+        }
+        was = now;
+        QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&changed);
+    }
+}
+
+void PinochleTable::NameScoreFigures() {
+    for (const ScoreFigure& names : kScoreFigures) {
+        const auto* side = qobject_cast<QLabel*>(Control(names.side));
+        const auto* row = qobject_cast<QLabel*>(Control(names.row));
+        auto* figure = qobject_cast<QLabel*>(Control(names.figure));
+        figure->setAccessibleName(
+            QString("%1, %2, %3").arg(side->text(), RowWords(*row), figure->text()));
+    }
 }
 
 void PinochleTable::ShowCentred() {
@@ -200,6 +289,7 @@ bool PinochleTable::eventFilter(QObject* watched, QEvent* event) {
 
 void PinochleTable::SetCardImage(int card, int image) {
     Card(card).SetImage(image);
+    TellCardStandings();
     keyboard_->HandChanged();
 }
 
@@ -256,6 +346,7 @@ void PinochleTable::SetCaption(TableLabel label, const std::string& text) {
     } else {
         FitCaption(*caption);
     }
+    NameScoreFigures();
 }
 
 std::string PinochleTable::Caption(TableLabel label) const {
@@ -268,6 +359,10 @@ std::string PinochleTable::Caption(TableLabel label) const {
 
 void PinochleTable::SetPanelText(int panel, const std::string& text) {
     statusBar_->Panel(panel).SetText(FromGame(text));
+    // The trumps and the running commentary are what a player reads there.
+    if (talk_ && (panel == 1 || panel == 2)) {
+        talk_->Commentary(text);
+    }
 }
 
 void PinochleTable::SetPanelPicture(int image) {
@@ -282,20 +377,24 @@ void PinochleTable::SetTitle(const std::string& text) {
 int PinochleTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
                                      const std::string& button1, const std::string& button2,
                                      int icon, const std::string& title) {
+    if (talk_) talk_->MessageOpens(title, message);
     return deluxe_.Run(FromGame(message), FromGame(button0), FromGame(button1), FromGame(button2),
                        icon, FromGame(title));
 }
 
 void PinochleTable::ShowPlainMessage(const std::string& message, const std::string& title) {
+    if (talk_) talk_->MessageOpens(title, message);
     QMessageBox::information(this, FromGame(title), FromGame(message), QMessageBox::Ok);
 }
 
 bool PinochleTable::AskQuestion(const std::string& question, const std::string& title) {
+    if (talk_) talk_->MessageOpens(title, question);
     return QMessageBox::question(this, FromGame(title), FromGame(question),
                                  QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::string PinochleTable::AskInput(const std::string& prompt, const std::string& title) {
+    if (talk_) talk_->MessageOpens(title, prompt);
     bool accepted = false;
     const QString text = QInputDialog::getText(this, FromGame(title), FromGame(prompt),
                                                QLineEdit::Normal, QString(), &accepted);

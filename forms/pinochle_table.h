@@ -12,6 +12,7 @@
 
 #include "forms/card_art.h"
 #include "forms/mform_deluxe.h"
+#include "forms/table_access.h"
 #include "forms/table_view.h"
 #include "game/game_state.h"
 
@@ -20,6 +21,7 @@ namespace trickhaven {
 class CardPicture;
 class TableKeyboard;
 class TableStatusBar;
+class TableTalk;
 
 using TableEventHandler = std::function<void(const TableEvent&)>;
 
@@ -34,6 +36,12 @@ public:
     const TableKeyboard& Keyboard() const { return *keyboard_; }
     // Rings as the game's message box opens.
     void SetMessageRing(std::function<void()> ring);
+    // Where each card stands for the player, asked of the game whenever a
+    // screen reader reads the card.
+    void SetCardReading(std::function<CardStanding(int card)> reading);
+    // Feeds the talk with the commentary and the messages, and speaks what
+    // it gathers once the running steps reach their next wait.
+    void SetTalk(TableTalk& talk);
     // Shows the window in the middle of its screen.
     void ShowCentred();
     // The table itself: the widget of fixed size that holds every card and
@@ -84,6 +92,9 @@ private:
     void BuildCards();
     void BuildMenu();
     void Send(TableEvent event);
+    void NameScoreFigures();
+    void Speak();
+    void TellCardStandings();
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;
 
@@ -95,6 +106,9 @@ private:
     CardArt art_;
     MFormDeluxe deluxe_;
     TableEventHandler handler_;
+    SpokenNotice* notice_;
+    std::array<CardStanding, 49> standings_{};
+    TableTalk* talk_ = nullptr;
     TableKeyboard* keyboard_ = nullptr;
 };
 

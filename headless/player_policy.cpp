@@ -27,7 +27,7 @@ const std::array<TableEvent, 10> kGreedyMelds{{
 std::vector<int> LegalCards(const Game& g) {
     std::vector<int> cards;
     for (int card = 1; card <= CardCount; ++card) {
-        if (IsLegalPlay(g, card)) cards.push_back(card);
+        if (ClickWouldPlay(g, card)) cards.push_back(card);
     }
     return cards;
 }
@@ -39,20 +39,6 @@ std::optional<PolicyKind> PolicyKindByName(const std::string& name) {
     if (name == "random") return PolicyKind::Random;
     if (name == "greedy") return PolicyKind::Greedy;
     return std::nullopt;
-}
-
-bool CardAwaited(const Game& g) {
-    return g.GameOn && g.PlayerMayPlay && !g.MeldAwaited && !g.RoundOneClosing &&
-           (g.RoundOneOn || g.RoundTwoOn);
-}
-
-bool IsLegalPlay(const Game& g, int card) {
-    if (!CardAwaited(g) || Card(g, card).Place != PlacePlayerHand) return false;
-    if (!g.RoundTwoOn || g.Leader == ThePlayer) return true;
-    const int suit = Card(g, card).Suit;
-    if (HasSuitPlayer(g, g.LeadSuit)) return suit == g.LeadSuit;
-    if (HasTrumps(g, g.TrumpSuit)) return suit == g.TrumpSuit;
-    return true;
 }
 
 std::optional<TableEvent> PlayerPolicy::Next(const Game& g) {

@@ -12,19 +12,13 @@
 #include "forms/table_view.h"
 #include "game/game_state.h"
 #include "headless/headless_table.h"
+#include "round_one/card_click.h"
 
 namespace trickhaven {
 
 enum class PolicyKind { First, Random, Greedy };
 
 std::optional<PolicyKind> PolicyKindByName(const std::string& name);
-
-// True when a click on this card would be played now: the player's card,
-// his turn, and the rules of the round allow it.
-bool IsLegalPlay(const Game& g, int card);
-
-// True when the logic waits for the player's card.
-bool CardAwaited(const Game& g);
 
 class PlayerPolicy {
 public:

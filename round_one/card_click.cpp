@@ -163,4 +163,18 @@ void PlayerPlaysCard(Game& g, int card) {
     g.DelayMs = g.GameSpeed;
 }
 
+bool CardAwaited(const Game& g) {
+    return g.GameOn && g.PlayerMayPlay && !g.MeldAwaited && !g.RoundOneClosing &&
+           (g.RoundOneOn || g.RoundTwoOn);
+}
+
+bool ClickWouldPlay(const Game& g, int card) {
+    if (!CardAwaited(g) || Card(g, card).Place != PlacePlayerHand || HandIsShut(g)) return false;
+    if (!g.RoundTwoOn || g.Leader == ThePlayer) return true;
+    const int suit = Card(g, card).Suit;
+    if (HasSuitPlayer(g, g.LeadSuit)) return suit == g.LeadSuit;
+    if (HasTrumps(g, g.TrumpSuit)) return suit == g.TrumpSuit;
+    return true;
+}
+
 }  // namespace trickhaven

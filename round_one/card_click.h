@@ -11,4 +11,11 @@ bool HasSuitPlayer(const Game& g, int whichSuit);
 bool HasTrumps(const Game& g, int whichSuit);
 void PlayerPlaysCard(Game& g, int card);
 
+// True while the game waits for the player's card.
+bool CardAwaited(const Game& g);
+
+// True when a click on this card would play it now: the player's card, his
+// turn, and the rules of the round allow it.
+bool ClickWouldPlay(const Game& g, int card);
+
 }  // namespace trickhaven

@@ -56,6 +56,7 @@ TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
         t.g.PlayerMayPlay = true;
         if (arrange) arrange(t);
         const auto before = std::tuple(Card(t.g, card).Place, 0, 0, t.g.PlayerMayPlay);
+        EXPECT_FALSE(ClickWouldPlay(t.g, card));
         PicCard_Click(t.g, card);
         EXPECT_EQ(Said(t), said);
         EXPECT_EQ(
@@ -92,7 +93,13 @@ TEST(CardClick, PlaysOnceToTheFrontAndInRoundTwoFollowsSuitElseTrumps) {
         t.g.Leader = led != 0 ? TheRobot : ThePlayer;
         t.g.LeadCard = led;
         t.g.LeadSuit = led != 0 ? Card(t.g, led).Suit : NoSuit;
-        if (refused != 0) PicCard_Click(t.g, refused);
+        // The test that tells a screen reader which cards are playable agrees
+        // with the click.
+        EXPECT_TRUE(ClickWouldPlay(t.g, played));
+        if (refused != 0) {
+            EXPECT_FALSE(ClickWouldPlay(t.g, refused));
+            PicCard_Click(t.g, refused);
+        }
         // A click on the kept card in each wait of the flight plays nothing.
         int placeSeen = 0;
         t.hg.platform.script.assign(3, {TableEventKind::CardClick, hand[0]});

@@ -48,7 +48,7 @@ public:
             if (g.RoundTwoOn && g.Leader != ThePlayer && triedTrick_ != g.TrickCount) {
                 triedTrick_ = g.TrickCount;
                 for (const int card : chain) {
-                    if (!IsLegalPlay(g, card)) return TableEvent{E::CardClick, card};
+                    if (!ClickWouldPlay(g, card)) return TableEvent{E::CardClick, card};
                 }
             }
         }

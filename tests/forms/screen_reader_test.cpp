@@ -1,0 +1,195 @@
+// What a screen reader finds on the table: the player's cards as buttons
+// that say when they cannot be played, the other cards as pictures, each
+// score figure with its side and row, and the notice that speaks play.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+#include <map>
+#include <tuple>
+
+#include "forms/card_picture.h"
+#include "forms/qt_platform.h"
+#include "forms/table_access.h"
+#include "forms_test_support.h"
+#include "game/table_talk.h"
+#include "tests/table_fixtures.h"
+
+// Texts in failures as text.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace trickhaven {
+
+namespace {
+
+// Each time the notice comes into view or leaves it, as "show <name>" or
+// "hide": coming into view is what a screen reader speaks.
+struct NoticeWatch : QObject {
+    std::vector<QString> seen;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            seen.push_back("show " + static_cast<QWidget*>(watched)->accessibleName());
+        } else if (event->type() == QEvent::Hide) {
+            seen.push_back("hide");
+        }
+        return false;
+    }
+};
+
+class ScreenReaderTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        log.Listen(table);
+        table.show();
+    }
+
+    QAccessibleInterface* Read(const char* name) {
+        return QAccessible::queryAccessibleInterface(FindControl(table, name));
+    }
+
+    PinochleTable table;
+    EventLog log;
+};
+
+TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlayed) {
+    constexpr int Queen = 7, Ten = 3, Robots = 20, OnTable = 30;
+    std::map<int, CardStanding> standing{
+        {Queen, {true, true}}, {Ten, {true, false}}, {Robots, {}}, {OnTable, {}}};
+    table.SetCardReading([&](int card) { return standing[card]; });
+    for (const int card : {Queen, Ten, OnTable}) table.SetCardImage(card, card);
+    // The card, its role, name, description and whether a press clicks it.
+    using Row = std::tuple<int, QAccessible::Role, QString, QString, bool>;
+    for (const auto& [card, role, name, description, presses] : std::vector<Row>{
+             {Queen, QAccessible::PushButton, "Queen of Diamonds", "", true},
+             {Ten, QAccessible::PushButton, "Ten of Diamonds", "cannot be played now", true},
+             {Robots, QAccessible::Graphic, "card back", "", false},
+             {OnTable, QAccessible::Graphic, "King of Hearts", "", false}}) {
+        SCOPED_TRACE(card);
+        QAccessibleInterface* read = Read(qPrintable(QString("PicCard%1").arg(card)));
+        ASSERT_NE(read, nullptr);
+        EXPECT_EQ(std::tuple(read->role(), read->text(QAccessible::Name),
+                             read->text(QAccessible::Description)),
+                  std::tuple(role, name, description));
+        auto* actions = read->actionInterface();
+        ASSERT_NE(actions, nullptr);
+        EXPECT_EQ(actions->actionNames().contains(QAccessibleActionInterface::pressAction()),
+                  presses);
+        log.events.clear();
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        const std::vector<TableEvent> click{{TableEventKind::CardClick, card}};
+        EXPECT_EQ(log.events, presses ? click : std::vector<TableEvent>());
+    }
+    // The standing is asked afresh: a card played leaves the buttons.
+    standing[Queen] = {};
+    EXPECT_EQ(Read("PicCard7")->role(), QAccessible::Graphic);
+}
+
+TEST_F(ScreenReaderTest, TheGameTellsWhichCardsAreThePlayersAndWhichPlayNow) {
+    QtPlatform platform(".");
+    Game g(table, platform);
+    ClearTable(g);
+    g.GameOn = g.RoundTwoOn = g.PlayerMayPlay = true;
+    g.TrumpSuit = Spades;
+    g.Leader = TheRobot;
+    g.LeadSuit = Hearts;
+    const int heart = CardIndex(King, Hearts), club = CardIndex(Ace, Clubs);
+    const int melded = CardIndex(Queen, Hearts), robots = CardIndex(Ten, Hearts);
+    PlaceCards(g, PlacePlayerHand, {heart, club, melded});
+    PlaceCards(g, PlaceOpponentHand, {robots});
+    Card(g, melded).Melded = Card(g, robots).Melded = true;
+    // The card, whether it is the player's to press, whether it plays now.
+    for (const auto& [card, players, plays] :
+         std::vector<std::tuple<int, bool, bool>>{{heart, true, true},
+                                                  {club, true, false},
+                                                  {melded, true, true},
+                                                  {robots, false, false}}) {
+        const CardStanding standing = ReadCard(g, card);
+        EXPECT_EQ(std::tuple(standing.playersCard, standing.playable), std::tuple(players, plays))
+            << card;
+    }
+    g.PlayerMayPlay = false;
+    EXPECT_FALSE(ReadCard(g, heart).playable) << "out of turn";
+}
+
+TEST_F(ScreenReaderTest, EachScoreFigureSaysItsSideAndRowAndFollowsNamesAndScores) {
+    table.SetCaption(TableLabel::LblBName, "Lorinda");
+    table.SetCaption(TableLabel::LblPname, "Ada");
+    using Row = std::tuple<TableLabel, QString>;
+    for (const auto& [label, said] :
+         std::vector<Row>{{TableLabel::LblLastTrickP, "Ada, last trick, 1"},
+                          {TableLabel::LblTotTricksP, "Ada, total tricks, 2"},
+                          {TableLabel::LblLastMeldP, "Ada, last meld, 3"},
+                          {TableLabel::LblTotalMeldsP, "Ada, total melds, 4"},
+                          {TableLabel::LblTotalScoreP, "Ada, total score, 5"},
+                          {TableLabel::LblLastTrickC, "Lorinda, last trick, 6"},
+                          {TableLabel::LblTotTricskC, "Lorinda, total tricks, 7"},
+                          {TableLabel::LbllLastMeldC, "Lorinda, last meld, 8"},
+                          {TableLabel::LblTotMeldsC, "Lorinda, total melds, 9"},
+                          {TableLabel::LblTotScoreC, "Lorinda, total score, 240"}}) {
+        const std::string score = said.section(", ", 2).toStdString();
+        table.SetCaption(label, score);
+        QAccessibleInterface* read = Read(LabelName(label));
+        EXPECT_EQ(read->text(QAccessible::Name), said);
+        // What is drawn is the figure alone.
+        EXPECT_EQ(qobject_cast<QLabel*>(FindControl(table, LabelName(label)))->text().toStdString(),
+                  score);
+    }
+    table.SetCaption(TableLabel::LblBName, "Bea");
+    EXPECT_EQ(Read("LblTotScoreC")->text(QAccessible::Name), "Bea, total score, 240");
+}
+
+TEST_F(ScreenReaderTest, WhatHappensAtOnceIsShownOnceAsANotificationAndNothingIsDrawn) {
+    TableTalk talk;
+    table.SetTalk(talk);
+    auto* notice = table.findChild<SpokenNotice*>();
+    ASSERT_NE(notice, nullptr);
+    NoticeWatch watch;
+    notice->installEventFilter(&watch);
+    table.SetPanelText(2, "Lorinda to lead a card.");
+    table.SetPanelText(3, "Tricks 1");
+    table.SetPanelText(1, "Spades are Trumps");
+    EXPECT_TRUE(watch.seen.empty()) << "spoken at the next round of events, not at once";
+    QCoreApplication::processEvents();
+    table.SetPanelText(2, "Player please click card you wish to play.");
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(watch.seen,
+              (std::vector<QString>{"show Lorinda to lead a card. Spades are Trumps.", "hide",
+                                    "show Player please click card you wish to play."}));
+    QAccessibleInterface* read = QAccessible::queryAccessibleInterface(notice);
+    EXPECT_EQ(std::tuple(read->role(), read->text(QAccessible::Name)),
+              std::tuple(QAccessible::Notification,
+                         QString("Player please click card you wish to play.")));
+    // It takes no room on the table and paints nothing.
+    EXPECT_TRUE(notice->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_FALSE(notice->autoFillBackground());
+    EXPECT_LE(notice->width() * notice->height(), 1);
+}
+
+TEST_F(ScreenReaderTest, AMessageIsSpokenByItsTitleAndTextWhileItIsOpen) {
+    TableTalk talk;
+    table.SetTalk(talk);
+    auto* notice = table.findChild<SpokenNotice*>();
+    QString spokenWhileOpen;
+    // The talk's own round comes first; the box is answered in the next.
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] {
+            spokenWhileOpen = notice->isVisible() ? notice->accessibleName() : QString();
+            QTest::mouseClick(QApplication::activeModalWidget()->findChild<QWidget*>("Label1_0"),
+                              Qt::LeftButton);
+        });
+    });
+    table.ShowDeluxeMessage("Your total score is 310 against 240", "O.K", "", "", 1,
+                            "Total Scores");
+    EXPECT_EQ(spokenWhileOpen, "Total Scores. Your total score is 310 against 240.");
+}
+
+}  // namespace
+
+}  // namespace trickhaven
