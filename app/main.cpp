@@ -46,13 +46,12 @@ int main(int argc, char* argv[]) {
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
     table.SetGame(g);
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
-    // What a screen reader is told and asked of the cards.
+    // What a screen reader is told.
     trickhaven::TableTalk talk;
     g.onPlay = [&talk](const trickhaven::Game& game, const trickhaven::PlayLogEvent& event) {
         talk.Hear(game, event);
     };
     table.SetTalk(talk);
-    table.SetCardReading([&g](int card) { return trickhaven::ReadCard(g, card); });
     trickhaven::HelpPages help;
     QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,
                      [&help] { help.ShowFirstPage(); });

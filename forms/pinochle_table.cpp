@@ -110,6 +110,7 @@ void PinochleTable::SetEventHandler(TableEventHandler handler) {
 
 void PinochleTable::SetGame(const Game& g) {
     keyboard_->SetGame(&g);
+    SetCardReading([&g](int card) { return ReadCard(g, card); });
 }
 
 void PinochleTable::SetMessageRing(std::function<void()> ring) {

@@ -31,7 +31,7 @@ public:
     explicit PinochleTable(QWidget* parent = nullptr);
 
     void SetEventHandler(TableEventHandler handler);
-    // The game whose hand the keys walk.
+    // The game whose hand the keys walk and a screen reader reads.
     void SetGame(const Game& g);
     const TableKeyboard& Keyboard() const { return *keyboard_; }
     // Rings as the game's message box opens.
