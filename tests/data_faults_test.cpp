@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <random>
 #include <string>
 
@@ -46,13 +47,16 @@ TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
 }
 
 // A child saves two different lines in turn, as fast as it can, until it
-// is killed; it works on its own copy of the parent's game.
-[[noreturn]] void SaveForever(Game& g) {
+// is killed; it works on its own copy of the parent's game, and says so on
+// the pipe once it has saved both, so that a disk slowed by other work
+// still sees the kills land among the saves.
+[[noreturn]] void SaveForever(Game& g, int saved) {
     for (long round = 0;; ++round) {
         const bool even = round % 2 == 0;
         g.PlayerName = std::string(even ? 20000 : 3, even ? 'E' : 'o');
         g.GameStats = {0, even ? 2 : 1, 0};
         SaveData(g);
+        if (round == 1 && ::write(saved, "s", 1) != 1) ::_exit(1);
     }
 }
 
@@ -64,10 +68,16 @@ TEST(DataFaults, AKillInTheMiddleOfSavingLeavesAWholeFile) {
     int seenEven = 0;
     int seenOdd = 0;
     for (int attempt = 0; attempt < 40; ++attempt) {
+        std::array<int, 2> pipe{};
+        ASSERT_EQ(::pipe(pipe.data()), 0);
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
-        if (child == 0) SaveForever(hg.game);
-        ::usleep(1000 + random() % 20000);
+        if (child == 0) SaveForever(hg.game, pipe[1]);
+        char said = 0;
+        ASSERT_EQ(::read(pipe[0], &said, 1), 1);
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+        ::usleep(random() % 20000);
         ASSERT_EQ(::kill(child, SIGKILL), 0);
         int status = 0;
         ASSERT_EQ(::waitpid(child, &status, 0), child);
