@@ -102,9 +102,8 @@ struct Game {
     std::uint64_t NextDealSeed = 0;
     CardRandom HandCards;
 
-    // Only the first New Game of a run offers a saved game back; the one
-    // taken up waits here for the new game's set-up.
-    bool NewGameAsked = false;
+    // A saved game taken up at the first New Game, waiting for the new
+    // game's set-up.
     std::optional<GameStanding> ResumedGame;
 
     // Guards of re-entry that the rules leave open. While the closing

@@ -43,8 +43,7 @@ void OfferSavedGame(Game& g) {
     }
 }
 
-// A new game starts from nothing, or from the standing taken up, whose
-// dealer and seed then give the very deal that was left.
+// A new game starts at nothing, or at the totals of the game taken up.
 void StartStanding(Game& g) {
     const GameStanding standing = g.ResumedGame.value_or(GameStanding{});
     g.PlayerTotal = standing.PlayerTotal;
@@ -87,8 +86,6 @@ void Form_Load(Game& g) {
 }
 
 void MnuNew_Click(Game& g) {
-    const bool firstNewGame = !g.NewGameAsked;
-    g.NewGameAsked = true;
     if (g.GameOn) {
         g.MessageChoice = static_cast<std::int16_t>(
             g.view.ShowDeluxeMessage("You are in the middle of a game. Really start a new one?",
@@ -97,7 +94,9 @@ void MnuNew_Click(Game& g) {
             return;
         }
         DropSavedGame(g);
-    } else if (firstNewGame) {
+    } else {
+        // No game on: the idle table of a start, as a game once on runs
+        // until the next one begins.
         OfferSavedGame(g);
     }
     g.GameOn = false;
@@ -166,6 +165,8 @@ void SetUpHand(Game& g) {
     g.TrumpSuit = NoSuit;
     g.UpCard = 0;
     if (!g.GameOn) {
+        // A game taken up deals from its saved dealer and seed: the very
+        // deal that was left. A fresh game draws its seed and saves its start.
         if (g.ResumedGame) {
             g.Dealer = g.ResumedGame->NextDealer == ThePlayer ? TheRobot : ThePlayer;
             g.NextDealSeed = g.ResumedGame->DealSeed;

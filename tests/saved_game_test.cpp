@@ -112,7 +112,8 @@ std::vector<std::pair<std::string, std::string>> DamagedForms() {
         {"a dealer of neither side", with("dealer 2", "dealer 0")},
         {"a third dealer", with("dealer 2", "dealer 3")},
         {"hands beyond the counter", with("hands 3", "hands 256")},
-        {"points before the first hand", with("hands 3", "hands 0")},
+        {"points before the first hand",
+         with("target 1250\ndealer 2\nhands 3", "target 1000\ndealer 2\nhands 0")},
         {"a short seed", with("0123456789abcdef", "0123456789abcde")},
         {"a seed in capitals", with("0123456789abcdef", "0123456789ABCDEF")},
         {"a seed that is no number", with("0123456789abcdef", "0123456789abcdeg")},
@@ -290,37 +291,49 @@ struct SavedRun {
 };
 
 TEST(SavedGame, YesNewGameAndNoAtTheOfferDropItExitKeepsItAndOnlyTheFirstNewGameOffers) {
-    {  // No: a game from nothing, and the old standing is gone.
-        SavedRun run(kMidGameText, {"No New Game"});
-        run.hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn; };
-        ASSERT_TRUE(run.hg.Run());
-        EXPECT_EQ(Offers(run.hg), 1);
-        EXPECT_EQ(
-            std::tuple(run.hg.game.PlayerTotal, run.hg.game.TargetScore, +run.hg.game.HandNumber),
-            std::tuple(std::int16_t(0), std::int16_t(1000), 1));
-        ASSERT_TRUE(Saved(run.hg).has_value());
-        EXPECT_EQ(Saved(run.hg)->HandsPlayed, 0);
-        EXPECT_FALSE(std::filesystem::exists(SavedFile(run.hg).string() + ".unreadable"));
-    }
-    {  // Yes, then "Yes New Game" in the first hand: no second offer, the
-       // standing taken up is given up for a fresh one.
-        SavedRun run(kMidGameText, {"Yes New Game"});
-        bool asked = false;
-        run.hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
-            if (!g.RoundOneOn || asked) return std::nullopt;
-            asked = true;
-            EXPECT_EQ(
-                std::tuple(g.PlayerTotal, g.OpponentTotal, g.TargetScore, +g.HandNumber, g.Dealer),
-                std::tuple(std::int16_t(430), std::int16_t(610), std::int16_t(1250), 4, 2));
-            EXPECT_EQ(FileBytes(SavedFile(run.hg)), kMidGameText);
-            return TableEvent{TableEventKind::MenuNewGame};
-        };
-        run.hg.platform.stopWhen = [&](const Game& g) { return asked && g.RoundOneOn; };
-        ASSERT_TRUE(run.hg.Run());
-        EXPECT_EQ(Offers(run.hg), 1);
-        ASSERT_TRUE(Saved(run.hg).has_value());
-        EXPECT_EQ(std::tuple(Saved(run.hg)->PlayerTotal, +Saved(run.hg)->HandsPlayed),
-                  std::tuple(std::int16_t(0), 0));
+    // A new game saves its own start at once; with the folder refusing
+    // writes, the old standing must be gone all the same.
+    const auto givenUp = [](const HeadlessGame& hg, bool refused) {
+        if (refused) return !std::filesystem::exists(SavedFile(hg));
+        const auto fresh = Saved(hg);
+        return fresh && fresh->PlayerTotal == 0 && fresh->HandsPlayed == 0;
+    };
+    for (const bool refused : {false, true}) {
+        SCOPED_TRACE(refused);
+        {  // No: a game from nothing, and the old standing is gone.
+            SavedRun run(kMidGameText, {"No New Game"});
+            if (refused) std::filesystem::create_directory(SavedFile(run.hg).string() + ".tmp");
+            run.hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn; };
+            ASSERT_TRUE(run.hg.Run());
+            EXPECT_EQ(Offers(run.hg), 1);
+            EXPECT_EQ(std::tuple(run.hg.game.PlayerTotal, run.hg.game.TargetScore,
+                                 +run.hg.game.HandNumber),
+                      std::tuple(std::int16_t(0), std::int16_t(1000), 1));
+            EXPECT_TRUE(givenUp(run.hg, refused));
+            EXPECT_FALSE(std::filesystem::exists(SavedFile(run.hg).string() + ".unreadable"));
+        }
+        {  // Yes, then "Yes New Game" in the first hand: no second offer,
+           // and the standing taken up is given up.
+            SavedRun run(kMidGameText, {"Yes New Game"});
+            bool asked = false;
+            run.hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+                if (!g.RoundOneOn || asked) return std::nullopt;
+                asked = true;
+                EXPECT_EQ(
+                    std::tuple(g.PlayerTotal, g.OpponentTotal, g.TargetScore, +g.HandNumber,
+                               g.Dealer),
+                    std::tuple(std::int16_t(430), std::int16_t(610), std::int16_t(1250), 4, 2));
+                EXPECT_EQ(FileBytes(SavedFile(run.hg)), kMidGameText);
+                if (refused) {
+                    std::filesystem::create_directory(SavedFile(run.hg).string() + ".tmp");
+                }
+                return TableEvent{TableEventKind::MenuNewGame};
+            };
+            run.hg.platform.stopWhen = [&](const Game& g) { return asked && g.RoundOneOn; };
+            ASSERT_TRUE(run.hg.Run());
+            EXPECT_EQ(Offers(run.hg), 1);
+            EXPECT_TRUE(givenUp(run.hg, refused));
+        }
     }
     // Leaving by the menu, or by the close box, keeps the file as it is.
     for (const TableEventKind leave : {TableEventKind::MenuExit, TableEventKind::CloseBox}) {
