@@ -178,7 +178,9 @@ private:
             const bool restart = hg_.platform.TickCount() > kRestartAfterMs;
             return PlayOn() && !restart ? 0 : 1;
         }
-        return Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m);
+        const int answer = Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m);
+        if (m.title == "Saved Game" && answer == 0) ++report_.gamesTakenUp;
+        return answer;
     }
 
     void OnPlay(const Game& g, const PlayLogEvent& e) {
