@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include "app/command_line.h"
+#include "app/quiet_toolkit.h"
 #include "data/data_folder.h"
 #include "forms/about_box.h"
 #include "forms/help_pages.h"
@@ -22,6 +24,10 @@ std::filesystem::path ToPath(const QString& folder) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    if (const auto answered = trickhaven::AnswerCommandLine(argc, argv)) {
+        return *answered;
+    }
+    trickhaven::QuietenToolkit();
     QApplication app(argc, argv);
     QApplication::setApplicationName("Trickhaven");
     // Lets the desktop match the window to the installed menu entry and icon.
@@ -37,6 +43,7 @@ int main(int argc, char* argv[]) {
 
     table.SetEventHandler(
         [&g](const trickhaven::TableEvent& event) { trickhaven::HandleEvent(g, event); });
+    table.SetGame(g);
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
     trickhaven::HelpPages help;
     QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,

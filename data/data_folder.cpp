@@ -1,13 +1,27 @@
 #include "data/data_folder.h"
 
+#include <iterator>
 #include <system_error>
 
 namespace trickhaven {
 
+namespace {
+
+// A game installed under /usr belongs to the package manager: even root
+// keeps the player's files out of it, so that removing the package leaves
+// nothing of the game behind.
+bool OwnedByThePackageManager(const std::filesystem::path& programFolder) {
+    const auto top = programFolder.begin();
+    return programFolder.is_absolute() && std::next(top) != programFolder.end() &&
+           *std::next(top) == "usr";
+}
+
+}  // namespace
+
 std::filesystem::path ChooseDataFolder(const std::filesystem::path& programFolder,
                                        bool programFolderWritable,
                                        const std::filesystem::path& userFolder) {
-    if (programFolderWritable) {
+    if (programFolderWritable && !OwnedByThePackageManager(programFolder)) {
         return programFolder;
     }
     std::error_code error;

@@ -69,11 +69,16 @@ public:
     explicit ButtonPanel(QWidget* parent) : QWidget(parent) {}
 
     Drawing drawing;
+    bool focusShown = false;
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         Paint(painter, drawing);
+        if (focusShown) {
+            painter.setPen(QPen(QColor(192, 255, 255), 1, Qt::DotLine));
+            painter.drawRect(rect().adjusted(3, 3, -4, -4));
+        }
     }
 };
 
@@ -129,6 +134,9 @@ void MFormDeluxe::Prepare(const QString& message, const QString& button0, const 
     }
     drawing_.clear();
     update();
+    keyFocus_ = {};
+    keyboardUsed_ = false;
+    ShowKeyFocus();
 
     label2_->setText(message);
     const QRect wrapped = label2_->fontMetrics().boundingRect(
@@ -295,6 +303,8 @@ bool MFormDeluxe::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
+            keyboardUsed_ = false;
+            ShowKeyFocus();
             pressed_[index] = true;
             DrawPressed(index);
             return true;
@@ -313,9 +323,60 @@ bool MFormDeluxe::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-// Only a click on a button answers a message: no key, no close.
+// A key answers as the click on its button does; the box cannot be closed
+// any other way.
 void MFormDeluxe::keyPressEvent(QKeyEvent* event) {
     event->accept();
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::AltModifier && event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z) {
+        PressKey({TableKey::AltLetter, static_cast<char>('a' + (event->key() - Qt::Key_A))});
+        return;
+    }
+    if (modifiers != Qt::NoModifier) return;
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            PressKey({TableKey::Enter});
+            break;
+        case Qt::Key_Space:
+            PressKey({TableKey::Space});
+            break;
+        case Qt::Key_Escape:
+            PressKey({TableKey::Escape});
+            break;
+        default:
+            break;
+    }
+}
+
+bool MFormDeluxe::focusNextPrevChild(bool next) {
+    PressKey({next ? TableKey::Tab : TableKey::BackTab});
+    return true;
+}
+
+void MFormDeluxe::PressKey(KeyPress key) {
+    keyboardUsed_ = true;
+    std::array<std::string, 3> captions;
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        captions[i] = label1_[i]->text().toStdString();
+    }
+    const std::optional<int> button = PressMessageKey(keyFocus_, captions, key);
+    ShowKeyFocus();
+    if (button) Click(*button);
+}
+
+bool MFormDeluxe::KeyFocusShown() const {
+    return pic1_[keyFocus_.button]->focusShown;
+}
+
+void MFormDeluxe::ShowKeyFocus() {
+    for (int i = 0; i < 3; ++i) {
+        const bool shown = keyboardUsed_ && i == keyFocus_.button;
+        if (pic1_[i]->focusShown != shown) {
+            pic1_[i]->focusShown = shown;
+            pic1_[i]->update();
+        }
+    }
 }
 
 void MFormDeluxe::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,6 @@
 // MFormDeluxe: the game's own message box. A borderless blue form with a
 // title band, the wrapped message, an icon and up to three drawn buttons;
-// modal, with a ring, until one button is clicked.
+// modal, with a ring, until one button is clicked or a key answers for it.
 #pragma once
 
 #include <QColor>
@@ -10,6 +10,8 @@
 #include <array>
 #include <functional>
 #include <vector>
+
+#include "game/table_keys.h"
 
 class QLabel;
 class QPainter;
@@ -41,12 +43,18 @@ public:
     // The index of the button last clicked (MessageChoice).
     int Choice() const;
 
+    // The button that the keys would click now: Enter, Space.
+    int KeyFocus() const { return keyFocus_.button; }
+    // Whether that button shows its focus: only once a key was pressed.
+    bool KeyFocusShown() const;
+
     // Called just before the form shows: the caller rings "ringout.wav".
     std::function<void()> onRing;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -65,6 +73,8 @@ private:
     void DrawPressed(int index);
     void PlaceButton(int index);
     void Click(int index);
+    void PressKey(KeyPress key);
+    void ShowKeyFocus();
 
     QLabel* label3_;
     QLabel* label2_;
@@ -77,6 +87,8 @@ private:
     double iconTop_ = 150;
     Drawing drawing_;
     int choice_ = 0;
+    MessageFocus keyFocus_;
+    bool keyboardUsed_ = false;
 };
 
 }  // namespace trickhaven

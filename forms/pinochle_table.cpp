@@ -13,6 +13,7 @@
 #include "forms/card_picture.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
+#include "forms/table_keyboard.h"
 #include "forms/table_scaler.h"
 #include "forms/table_status_bar.h"
 #include "forms/table_widgets.h"
@@ -55,7 +56,11 @@ PinochleTable::PinochleTable(QWidget* parent)
     auto* layout = new QVBoxLayout(client);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new TableScaler(surface_, client), 1);
+    auto* scaler = new TableScaler(surface_, client);
+    layout->addWidget(scaler, 1);
+    keyboard_ = new TableKeyboard(
+        *surface_, *scaler, cards_, [this](const char* name) { return Control(name); },
+        [this](const TableEvent& event) { Send(event); });
     statusBar_ = new TableStatusBar(client);
     layout->addWidget(statusBar_);
     setCentralWidget(client);
@@ -68,6 +73,10 @@ PinochleTable::PinochleTable(QWidget* parent)
 
 void PinochleTable::SetEventHandler(TableEventHandler handler) {
     handler_ = std::move(handler);
+}
+
+void PinochleTable::SetGame(const Game& g) {
+    keyboard_->SetGame(&g);
 }
 
 void PinochleTable::SetMessageRing(std::function<void()> ring) {
@@ -191,10 +200,12 @@ bool PinochleTable::eventFilter(QObject* watched, QEvent* event) {
 
 void PinochleTable::SetCardImage(int card, int image) {
     Card(card).SetImage(image);
+    keyboard_->HandChanged();
 }
 
 void PinochleTable::MoveCard(int card, int left, int top) {
     Card(card).MoveTo(left, top);
+    keyboard_->HandChanged();
 }
 
 int PinochleTable::CardLeft(int card) const {
@@ -207,14 +218,18 @@ int PinochleTable::CardTop(int card) const {
 
 void PinochleTable::BringCardToFront(int card) {
     Card(card).raise();
+    keyboard_->Raised();
 }
 
 void PinochleTable::SetCardVisible(int card, bool visible) {
+    if (!visible) keyboard_->CardHiding(card);
     Card(card).setVisible(visible);
+    keyboard_->HandChanged();
 }
 
 void PinochleTable::SetControlVisible(TableControl control, bool visible) {
     Control(ControlName(control))->setVisible(visible);
+    keyboard_->HandChanged();
 }
 
 bool PinochleTable::IsControlVisible(TableControl control) const {
@@ -224,6 +239,7 @@ bool PinochleTable::IsControlVisible(TableControl control) const {
 
 void PinochleTable::BringControlToFront(TableControl control) {
     Control(ControlName(control))->raise();
+    keyboard_->Raised();
 }
 
 void PinochleTable::SetCaption(TableLabel label, const std::string& text) {

@@ -13,10 +13,12 @@
 #include "forms/card_art.h"
 #include "forms/mform_deluxe.h"
 #include "forms/table_view.h"
+#include "game/game_state.h"
 
 namespace trickhaven {
 
 class CardPicture;
+class TableKeyboard;
 class TableStatusBar;
 
 using TableEventHandler = std::function<void(const TableEvent&)>;
@@ -27,6 +29,9 @@ public:
     explicit PinochleTable(QWidget* parent = nullptr);
 
     void SetEventHandler(TableEventHandler handler);
+    // The game whose hand the keys walk.
+    void SetGame(const Game& g);
+    const TableKeyboard& Keyboard() const { return *keyboard_; }
     // Rings as the game's message box opens.
     void SetMessageRing(std::function<void()> ring);
     // Shows the window in the middle of its screen.
@@ -90,6 +95,7 @@ private:
     CardArt art_;
     MFormDeluxe deluxe_;
     TableEventHandler handler_;
+    TableKeyboard* keyboard_ = nullptr;
 };
 
 }  // namespace trickhaven

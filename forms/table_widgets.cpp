@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
 
 namespace trickhaven {
 
@@ -31,11 +30,12 @@ void TableButton::paintEvent(QPaintEvent*) {
     const QRect caption = contentsRect().translated(sink, sink);
     style()->drawItemText(&painter, caption, Qt::AlignCenter | Qt::TextShowMnemonic, colours,
                           isEnabled(), text(), QPalette::ButtonText);
-    if (hasFocus()) {
-        QStyleOptionFocusRect focus;
-        focus.initFrom(this);
-        focus.rect = rect().adjusted(4, 4, -4, -4);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    // The focus shows only to a player on the keyboard; the mouse sees the
+    // button as designed. Drawn here, as the style would leave it out for a
+    // focus given by the table's own keys.
+    if (hasFocus() && window()->property("keyboardInUse").toBool()) {
+        painter.setPen(QPen(colours.color(QPalette::ButtonText), 1, Qt::DotLine));
+        painter.drawRect(rect().adjusted(4, 4, -5, -5));
     }
 }
 

@@ -14,6 +14,7 @@
 #include "forms/platform.h"
 #include "forms/table_view.h"
 #include "game/card_random.h"
+#include "headless/headless_keys.h"
 #include "headless/headless_table.h"
 
 namespace trickhaven {
@@ -44,6 +45,10 @@ public:
     HeadlessTable* table = nullptr;
     // Events served first, in order.
     std::deque<TableEvent> script;
+    // Keys pressed on the table once the script is through, each turned by
+    // the keyboard into the click it stands for.
+    std::deque<KeyPress> keys;
+    HeadlessKeyboard keyboard;
     // Asked when the script is empty; nothing means no event this round.
     std::function<std::optional<TableEvent>(Game&)> policy;
     // Checked at every round of events; true ends the scenario.
@@ -63,6 +68,7 @@ public:
 
 private:
     void Advance(std::uint32_t milliseconds);
+    std::optional<TableEvent> NextInput(bool& inputServed);
 
     std::int32_t now_ = 0;
     CardRandom random_;

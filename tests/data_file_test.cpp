@@ -174,6 +174,10 @@ TEST(DataFolder, AnInstalledGameKeepsItsFilesInTheUsersFolderFromACopy) {
     WriteRaw(user / "Data.dat", "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
     ChooseDataFolder(program, false, user);
     EXPECT_EQ(FileBytes(user / "Data.dat"), "9,9,25,\"Me\",\"Lorinda\",1000\r\n");
+
+    // Under /usr the package manager owns the folder, writable or not.
+    EXPECT_EQ(ChooseDataFolder("/usr/lib/trickhaven", true, user), user);
+    EXPECT_EQ(ChooseDataFolder("/usrlocal/trickhaven", true, user), "/usrlocal/trickhaven");
 }
 
 }  // namespace

@@ -32,12 +32,13 @@ std::string Notes(const SimReport& report) {
 // closing wait.
 class ChaosAtSpeed : public testing::TestWithParam<std::tuple<int, std::uint64_t>> {};
 
-TEST_P(ChaosAtSpeed, AnyClicksLeaveEveryRuleStandingAndTheGamesFinish) {
+TEST_P(ChaosAtSpeed, AnyClicksAndKeysLeaveEveryRuleStandingAndTheGamesFinish) {
     const auto [speed, seed] = GetParam();
     const SimReport report = Simulate(ChaosRun(seed, speed, 5));
     EXPECT_EQ(report.violations, 0) << Notes(report);
     EXPECT_EQ(report.playerWins + report.robotWins, 5);
     EXPECT_GT(report.injected, 100);
+    EXPECT_GT(report.keysPressed, 1000);
     EXPECT_EQ(report.sessions, 1);
 }
 

@@ -1,7 +1,7 @@
 # Installs the build into a fresh folder and checks that the game lands
 # where a desktop looks for it: the program in a folder of its own with its
 # Data.dat and sounds and nothing else, a relative link to it among the
-# commands, the menu entry, the icons and the description.
+# commands, the menu entry, the icons, the description and the manual.
 #
 #   cmake -DBUILD=<build folder> -DSOURCE=<source folder> -DPREFIX=<folder>
 #         -DBINDIR=bin -DLIBDIR=lib -DDATADIR=share -P install_check.cmake
@@ -59,12 +59,15 @@ else()
   endif()
 endif()
 
-# The desktop's files, each where its kind belongs.
+# The desktop's files and the manual, each where its kind belongs.
 set(share ${PREFIX}/${DATADIR})
 foreach(file
     applications/${app_id}.desktop
     metainfo/${app_id}.metainfo.xml
-    icons/hicolor/scalable/apps/${app_id}.svg)
+    icons/hicolor/scalable/apps/${app_id}.svg
+    man/man6/trickhaven.6.gz
+    doc/trickhaven/copyright
+    doc/trickhaven/changelog.gz)
   if(NOT EXISTS ${share}/${file})
     fail("${share}/${file} is missing")
   endif()

@@ -67,10 +67,10 @@ void PrintReport(const SimReport& report, double seconds) {
                 report.hands > 0 ? static_cast<double>(report.handPoints) / report.hands : 0.0);
     std::printf("hands per second: %.0f\n", seconds > 0 ? report.hands / seconds : 0.0);
     std::printf(
-        "events served: %ld, injected: %ld, program starts: %ld, exits taken: %ld, games taken "
-        "up: %ld\n",
-        report.eventsServed, report.injected, report.sessions, report.exitsTaken,
-        report.gamesTakenUp);
+        "events served: %ld, injected: %ld, keys pressed: %ld, program starts: %ld, exits taken: "
+        "%ld, games taken up: %ld\n",
+        report.eventsServed, report.injected, report.keysPressed, report.sessions,
+        report.exitsTaken, report.gamesTakenUp);
     for (const Checkpoint& point : report.checkpoints) {
         std::printf("after %ld hands: stack depth %ld bytes (deepest %ld), resident %ld KiB\n",
                     point.hands, point.stackDepth, point.deepestStack, point.residentKiB);

@@ -75,6 +75,12 @@ int ButtonIndex(const MessageRecord& message, const std::string& caption) {
 
 }  // namespace
 
+long ChaosPolicy::KeysPressed() const {
+    long all = messageKeys_;
+    for (const long count : keyboard_.presses) all += count;
+    return all;
+}
+
 bool ChaosPolicy::Chance(int percent) {
     return Below(100) < percent;
 }
@@ -100,7 +106,32 @@ TableEvent ChaosPolicy::AnyEvent(const Game& g) {
     return kEveryControl.at(static_cast<std::size_t>(Below(kEveryControl.size())));
 }
 
+// The move by keys, half the time; a card the keys cannot reach is clicked.
+std::optional<TableEvent> ChaosPolicy::Keyed(const Game& g, const TableEvent& move) {
+    if (Chance(50)) return move;
+    const auto keyed = keyboard_.PressToward(g, table_, move);
+    if (!keyed) return move;
+    if (keyed->kind != move.kind || keyed->index != move.index) ++keysAstray;
+    return keyed;
+}
+
+// One to four keys struck anywhere on the table, the last of them often a
+// click of what has the focus.
+std::optional<TableEvent> ChaosPolicy::AnyKeys(const Game& g) {
+    constexpr std::array<TableKey, 10> kKeys{
+        TableKey::Left,    TableKey::Right, TableKey::Home,  TableKey::End,    TableKey::Tab,
+        TableKey::BackTab, TableKey::Enter, TableKey::Space, TableKey::Escape, TableKey::Knock};
+    ++injected;
+    std::optional<TableEvent> event;
+    for (int n = Below(4) + 1; n > 0 && !event; --n) {
+        event =
+            keyboard_.Press(g, table_, {kKeys.at(static_cast<std::size_t>(Below(kKeys.size())))});
+    }
+    return event;
+}
+
 std::optional<TableEvent> ChaosPolicy::Next(const Game& g) {
+    keyboard_.Follow(g, table_);
     if (Below(settings_.newGameOdds) == 0) {
         ++injected;
         return TableEvent{TableEventKind::MenuNewGame};
@@ -110,13 +141,36 @@ std::optional<TableEvent> ChaosPolicy::Next(const Game& g) {
     // with nothing to come is the game's fault, never the player's.
     // A meld offer is where a stray click does most harm.
     if (const auto move = player_.Next(g)) {
-        return Chance(g.MeldAwaited ? 60 : 85) ? *move : AnyEvent(g);
+        if (Chance(g.MeldAwaited ? 60 : 85)) return Keyed(g, *move);
+        if (Chance(50)) {
+            if (const auto keyed = AnyKeys(g)) return keyed;
+        }
+        return AnyEvent(g);
     }
-    if (Chance(25)) return AnyEvent(g);
+    if (Chance(25)) return Chance(50) ? AnyEvent(g) : AnyKeys(g);
     return std::nullopt;
 }
 
+// Half the answers by keys, now and then after keys that answer nothing.
+int ChaosPolicy::AnswerByKeys(const MessageRecord& message, int button) {
+    if (Chance(50)) return button;
+    std::vector<KeyPress> keys;
+    if (Chance(20)) keys.push_back({TableKey::Left});
+    if (Chance(20) && !RefusingButton(message.buttons)) keys.push_back({TableKey::Escape});
+    if (Chance(20)) keys.push_back({TableKey::AltLetter, static_cast<char>('a' + Below(26))});
+    const std::vector<KeyPress> answer = KeysToAnswer(message, button);
+    keys.insert(keys.end(), answer.begin(), answer.end());
+    messageKeys_ += static_cast<long>(keys.size());
+    const std::optional<int> answered = trickhaven::AnswerByKeys(message, keys);
+    if (answered != button) ++keysAstray;
+    return answered.value_or(button);
+}
+
 int ChaosPolicy::AnswerDeluxe(const Game& g, const MessageRecord& message, bool playOn) {
+    return AnswerByKeys(message, ChooseAnswer(g, message, playOn));
+}
+
+int ChaosPolicy::ChooseAnswer(const Game& g, const MessageRecord& message, bool playOn) {
     if (message.title == "Play again?") return playOn ? 0 : 1;
     if (message.title == "Really Exit?") {
         const int leave = ButtonIndex(message, "Yes Exit");

@@ -1,7 +1,8 @@
 // A player who clicks anything at any moment: any card, every meld and
 // marriage button, the knock, the sort, every menu command, with odd names
 // and every answer to the questions, while still playing mostly legal cards
-// so that games come to an end.
+// so that games come to an end. He presses keys as often as he clicks:
+// walking to his move, striking keys at random, answering messages.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <string>
 
 #include "game/game_state.h"
+#include "headless/headless_keys.h"
 #include "headless/headless_table.h"
 #include "headless/player_policy.h"
 
@@ -24,8 +26,11 @@ struct ChaosSettings {
 
 class ChaosPolicy {
 public:
-    ChaosPolicy(std::uint64_t seed, ChaosSettings settings)
-        : settings_(settings), random_(seed), player_(PolicyKind::Random, seed ^ 0xC4A05ULL) {}
+    ChaosPolicy(std::uint64_t seed, ChaosSettings settings, const HeadlessTable& table)
+        : settings_(settings),
+          random_(seed),
+          player_(PolicyKind::Random, seed ^ 0xC4A05ULL),
+          table_(table) {}
 
     std::optional<TableEvent> Next(const Game& g);
 
@@ -36,15 +41,25 @@ public:
 
     long injected = 0;
     long exitsTaken = 0;
+    long KeysPressed() const;
+    // Keys that walked to a move or a button and clicked another one.
+    long keysAstray = 0;
 
 private:
     TableEvent AnyEvent(const Game& g);
+    std::optional<TableEvent> Keyed(const Game& g, const TableEvent& move);
+    std::optional<TableEvent> AnyKeys(const Game& g);
+    int AnswerByKeys(const MessageRecord& message, int button);
+    int ChooseAnswer(const Game& g, const MessageRecord& message, bool playOn);
     bool Chance(int percent);
     int Below(int bound);
 
     ChaosSettings settings_;
     std::mt19937_64 random_;
     PlayerPolicy player_;
+    const HeadlessTable& table_;
+    HeadlessKeyboard keyboard_;
+    long messageKeys_ = 0;
 };
 
 }  // namespace trickhaven

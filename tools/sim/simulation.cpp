@@ -109,7 +109,7 @@ public:
           // A player back at the table after a restart clicks anew; the
           // same clicks on a game taken up would replay the same exit.
           chaos_((options.seed ^ 0xC4A05C4A05ULL) + static_cast<std::uint64_t>(report.sessions),
-                 ChaosSettings{options.allowExit, 4000}) {
+                 ChaosSettings{options.allowExit, 4000}, hg_.table) {
         if (options.transcript != nullptr) transcript_.emplace(options.transcript);
         hg_.game.DataFolder = folder;
         hg_.table.keepHistory = false;
@@ -130,6 +130,9 @@ public:
         report_.eventsServed += hg_.platform.eventsServed;
         report_.injected += chaos_.injected;
         report_.exitsTaken += chaos_.exitsTaken;
+        report_.keysPressed += chaos_.KeysPressed();
+        if (chaos_.keysAstray != 0)
+            checks_.Fail("keys clicked another control than they walked to");
         return !stuck_ && roundsWithoutPlay_ <= kRoundsWithoutPlay;
     }
 

@@ -56,6 +56,7 @@ struct SimReport {
     long eventsServed = 0;
     long injected = 0;
     long exitsTaken = 0;
+    long keysPressed = 0;
     // Saved games taken up at a restart.
     long gamesTakenUp = 0;
     std::vector<std::string> notes;

@@ -1,0 +1,188 @@
+// A whole game played from the keyboard ends on the very table that the
+// same game played with clicks leaves: the keys walk to each card and
+// control and press it, answer every message, knock, and make the clicks'
+// mistakes too (a card that may not be played, a card pressed twice).
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "headless/headless_game.h"
+#include "headless/headless_keys.h"
+#include "headless/player_policy.h"
+
+namespace trickhaven {
+namespace {
+
+using E = TableEventKind;
+
+// The player's wishes, the same in both games: a greedy player who lowers
+// the target to 300 so that a knock comes, sorts each new hand, knocks as
+// soon as he may (once: the knock waits, and a knock in its wait knocks
+// again), tries a card that may not follow before each follow of
+// Round Two, and presses his card a second time while it flies.
+class Wishes {
+public:
+    explicit Wishes(const HeadlessTable& table) : table_(table) {}
+
+    std::optional<TableEvent> Next(const Game& g) {
+        if (!g.GameOn) return std::nullopt;
+        if (!targetLowered_) {
+            targetLowered_ = true;
+            return TableEvent{E::MenuTarget300};
+        }
+        const std::vector<int> chain = HandChain(g, SightOf(table_));
+        auto reachable = [&](int card) {
+            return std::find(chain.begin(), chain.end(), card) != chain.end();
+        };
+        if (CardAwaited(g)) {
+            if (g.view.IsControlVisible(TableControl::LblKnock) && !knocked_) {
+                knocked_ = true;
+                return TableEvent{E::KnockClick};
+            }
+            if (sortedHand_ != g.HandNumber) {
+                sortedHand_ = g.HandNumber;
+                return TableEvent{E::SortClick};
+            }
+            if (g.RoundTwoOn && g.Leader != ThePlayer && triedTrick_ != g.TrickCount) {
+                triedTrick_ = g.TrickCount;
+                for (const int card : chain) {
+                    if (!IsLegalPlay(g, card)) return TableEvent{E::CardClick, card};
+                }
+            }
+        }
+        if (const auto move = greedy_.Next(g)) {
+            if (move->kind == E::CardClick) again_ = move->index;
+            return move;
+        }
+        if (again_ != 0 && reachable(again_)) {
+            return TableEvent{E::CardClick, std::exchange(again_, 0)};
+        }
+        return std::nullopt;
+    }
+
+    // The button wanted: the other pair's card every second hand, and the
+    // game's end after the first game.
+    int Answer(const MessageRecord& m) {
+        if (m.title == "Play again?") return 1;
+        if (m.title == "Make choice") return (choices_++) % 2;
+        return 0;
+    }
+
+private:
+    const HeadlessTable& table_;
+    PlayerPolicy greedy_{PolicyKind::Greedy, 5};
+    bool targetLowered_ = false;
+    bool knocked_ = false;
+    int sortedHand_ = -1;
+    int triedTrick_ = -1;
+    int again_ = 0;
+    int choices_ = 0;
+};
+
+struct Played {
+    std::vector<std::string> timeline;
+    std::vector<std::string> messages;
+    CardTable cards;
+    std::array<long, 11> presses{};
+    long events = 0;
+};
+
+Played PlayGame(std::uint64_t seed, bool byKeys) {
+    HeadlessGame hg(seed);
+    Wishes wishes(hg.table);
+    hg.platform.script.push_back({E::MenuNewGame});
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        const auto wanted = wishes.Next(g);
+        if (!byKeys || !wanted || wanted->kind == E::MenuTarget300) return wanted;
+        return hg.platform.keyboard.PressToward(g, hg.table, *wanted);
+    };
+    hg.table.answerDeluxe = [&](const MessageRecord& m) {
+        const int wanted = wishes.Answer(m);
+        return byKeys ? AnswerByKeys(m, KeysToAnswer(m, wanted)).value_or(-1) : wanted;
+    };
+    hg.platform.stopWhen = [&](const Game&) { return hg.platform.rounds > 3'000'000; };
+    EXPECT_FALSE(hg.Run()) << "the game did not come to its end";
+    Played played{hg.table.timeline,
+                  {},
+                  hg.game.Cards,
+                  hg.platform.keyboard.presses,
+                  hg.platform.eventsServed};
+    for (const MessageRecord& m : hg.table.Messages()) {
+        played.messages.push_back(m.title + " " + std::to_string(m.choice));
+    }
+    return played;
+}
+
+std::string FirstDifference(const std::vector<std::string>& a, const std::vector<std::string>& b) {
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
+        if (a[i] != b[i]) return "line " + std::to_string(i) + ": " + a[i] + " | " + b[i];
+    }
+    return "lengths " + std::to_string(a.size()) + " and " + std::to_string(b.size());
+}
+
+TEST(KeyPlay, AWholeGameByKeysEndsOnTheTableThatTheClicksLeave) {
+    // A deal that brings all the game's moments within two hands.
+    const Played clicks = PlayGame(7, false);
+    const Played keys = PlayGame(7, true);
+    ASSERT_TRUE(keys.timeline == clicks.timeline)
+        << FirstDifference(keys.timeline, clicks.timeline);
+    EXPECT_EQ(keys.messages, clicks.messages);
+    for (int card = 1; card <= CardCount; ++card) {
+        EXPECT_EQ(keys.cards.at(card).Place, clicks.cards.at(card).Place) << card;
+    }
+    EXPECT_EQ(keys.events, clicks.events);
+    // The game had what it is played for: a knock, a follow refused, the
+    // meld panels, both answers of the last pair.
+    auto count = [&](const std::string& title) {
+        return std::count_if(clicks.messages.begin(), clicks.messages.end(),
+                             [&](const std::string& m) { return m.rfind(title, 0) == 0; });
+    };
+    EXPECT_GT(count("Make choice 1"), 0);
+    EXPECT_GT(count("Make choice 0"), 0);
+    EXPECT_GT(count("Must follow suit.") + count("You have a Trump"), 0);
+    EXPECT_EQ(count("Play again? 1"), 1);
+    auto pressed = [&](TableKey key) { return keys.presses.at(static_cast<std::size_t>(key)); };
+    EXPECT_GT(pressed(TableKey::Knock), 0);
+    EXPECT_GT(pressed(TableKey::Tab), 0);
+    EXPECT_GT(pressed(TableKey::Right), 0);
+    EXPECT_GT(pressed(TableKey::Enter), 0);
+    const auto shown = [&](const std::string& what) {
+        return std::count(clicks.timeline.begin(), clicks.timeline.end(), what) > 0 ||
+               std::any_of(clicks.timeline.begin(), clicks.timeline.end(),
+                           [&](const std::string& line) { return line.ends_with(what); });
+    };
+    EXPECT_TRUE(shown("show FramMarriage"));
+    EXPECT_TRUE(shown("show LblKnock"));
+}
+
+// Between two keys the focus keeps up with the hand, as the window's does
+// while events are served: once the played card has gone, the card beside
+// it has the focus for the next lead, before any key is pressed.
+TEST(KeyPlay, TheFocusMovesToTheNeighbourOfThePlayedCardBeforeTheNextKey) {
+    HeadlessGame hg(7);
+    hg.platform.script.push_back({E::MenuNewGame});
+    int neighbour = 0;
+    int checked = 0;
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        if (g.MeldAwaited && !g.MeldCommandRunning) return TableEvent{E::CancelClick};
+        if (!CardAwaited(g)) return std::nullopt;
+        if (neighbour != 0) {
+            EXPECT_EQ(hg.platform.keyboard.Focus().hand.card, neighbour)
+                << "trick " << g.TrickCount;
+            ++checked;
+        }
+        const std::vector<int> chain = HandChain(g, SightOf(hg.table));
+        const HandFocus& focus = hg.platform.keyboard.Focus().hand;
+        const std::size_t at = focus.card == 0 ? 0 : focus.position;
+        neighbour = at + 1 < chain.size() ? chain[at + 1] : chain[at - 1];
+        return hg.platform.keyboard.Press(g, hg.table, {TableKey::Enter});
+    };
+    hg.platform.stopWhen = [&](const Game& g) { return checked == 6 || g.RoundTwoOn; };
+    EXPECT_TRUE(hg.Run());
+    EXPECT_EQ(checked, 6);
+}
+
+}  // namespace
+}  // namespace trickhaven

@@ -1,0 +1,187 @@
+// The keyboard's rules: which cards the keys walk and in which order, where
+// the focus goes when the hand changes, Tab's round of the controls, and
+// which button of a message each key clicks.
+#include "game/table_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "headless/headless_keys.h"
+#include "tests/meld_fixtures.h"
+
+namespace trickhaven {
+namespace {
+
+using K = TableKey;
+using E = TableEventKind;
+
+struct KeysTable : RoundOneTable {
+    // Lays a card of the player face up at a place of the table.
+    void Lay(int card, int left, int top, bool melded = false) {
+        Card(g, card).Place = PlacePlayerHand;
+        Card(g, card).Melded = melded;
+        hg.table.SetCardImage(card, card);
+        hg.table.MoveCard(card, left, top);
+        hg.table.SetCardVisible(card, true);
+    }
+    std::vector<int> Chain() { return HandChain(g, SightOf(hg.table)); }
+};
+
+TEST(HandChain, HoldsTheHandsShownFacesInRowOrderThenTheMeldRowsTopRowFirst) {
+    KeysTable t;
+    t.Lay(KD, 4000, 10080);
+    t.Lay(AD, 2500, 10080);
+    t.Lay(QS1, 3000, 10080);
+    t.Lay(KH, 2000, 8600, true);  // a marriage, lowest of the meld rows
+    t.Lay(QH, 2350, 8600, true);
+    t.Lay(JD1, 5610, 6405, true);  // a pinochle, on the top row
+    t.Lay(AS, 2000, 7590, true);   // four aces, the middle row
+    // Not the player's to play, or not to be seen: none is walked.
+    t.Lay(TS, 5000, 10080);
+    Card(t.g, TS).Place = PlacePlayed;
+    t.Lay(JS, 5500, 10080);
+    t.hg.table.SetCardImage(JS, CardBackImage);
+    t.Lay(NH, 6000, 10080);
+    t.hg.table.SetCardVisible(NH, false);
+    t.hg.table.SetCardImage(KC, KC);
+    Card(t.g, KC).Place = PlaceOpponentHand;
+    EXPECT_EQ(t.Chain(), (std::vector<int>{AD, QS1, KD, JD1, AS, KH, QH}));
+}
+
+// The focus after the hand changed, from a chain of five with the focus on
+// the card at `position`.
+TEST(HandFocus, StaysOnItsCardWhileItIsThereElseTakesTheCardNowInItsPlace) {
+    struct Case {
+        const char* what;
+        std::vector<int> after;
+        std::size_t position;
+        int card;  // the focus after
+    };
+    const std::vector<int> before{1, 3, 5, 7, 9};
+    const Case cases[] = {
+        {"the focused card played", {1, 3, 7, 9}, 2, 7},
+        {"the last card played", {1, 3, 5, 7}, 4, 7},
+        {"a card drawn before it", {2, 1, 3, 5, 7, 9}, 2, 5},
+        {"the hand sorted", {9, 7, 5, 3, 1}, 0, 1},
+        {"a new deal", {11, 13}, 3, 13},
+        {"the hand gone", {}, 1, 0},
+    };
+    for (const Case& c : cases) {
+        HandFocus focus{before[c.position], c.position};
+        FollowHand(focus, c.after);
+        EXPECT_EQ(focus.card, c.card) << c.what;
+        if (focus.card != 0) {
+            EXPECT_EQ(c.after[focus.position], focus.card) << c.what;
+        }
+    }
+}
+
+TEST(HandFocus, ArrowsStepWithoutWrappingAndHomeAndEndGoToTheEnds) {
+    const std::vector<int> chain{4, 8, 15, 16};
+    struct Case {
+        std::size_t from;
+        TableKey key;
+        int to;
+    };
+    const Case cases[] = {{0, K::Left, 4}, {0, K::Right, 8}, {3, K::Right, 16}, {2, K::Left, 8},
+                          {2, K::Home, 4}, {1, K::End, 16},  {1, K::Enter, 8}};
+    for (const Case& c : cases) {
+        HandFocus focus{chain[c.from], c.from};
+        MoveHandFocus(focus, chain, c.key);
+        EXPECT_EQ(focus.card, c.to) << c.from << " " << static_cast<int>(c.key);
+    }
+}
+
+TEST(TableStops, TabGoesRoundTheShownControlsInOrderAndBackTabTheOtherWay) {
+    KeysTable t;
+    TableView& view = t.hg.table;
+    view.SetControlVisible(TableControl::CmdSort, true);
+    view.SetControlVisible(TableControl::FramDeclare, true);
+    std::vector<std::string> round;
+    TableStop stop = TableStop::Hand;
+    do {
+        stop = NextStop(view, stop, true, true);
+        round.push_back(*StopControlName(stop) ? StopControlName(stop) : "hand");
+    } while (stop != TableStop::Hand);
+    EXPECT_EQ(round,
+              (std::vector<std::string>{"CmdSort", "CmdDBezique", "CmdBezique", "CmdSequence",
+                                        "CmdFours3", "CmdFours0", "CmdFours1", "CmdFours2",
+                                        "cmdDec7Trumps", "CmdMakeMarriage4", "CmdCancel", "hand"}));
+    EXPECT_EQ(NextStop(view, TableStop::Hand, false, true), TableStop::Cancel);
+    view.SetControlVisible(TableControl::FramDeclare, false);
+    view.SetControlVisible(TableControl::FramMarriage, true);
+    view.SetControlVisible(TableControl::LblKnock, true);
+    EXPECT_EQ(NextStop(view, TableStop::Sort, true, true), TableStop::Knock);
+    EXPECT_EQ(NextStop(view, TableStop::Knock, true, true), TableStop::MarriageDiamonds);
+    EXPECT_EQ(NextStop(view, TableStop::MarriageSpades, true, false), TableStop::Sort);
+    view.SetControlVisible(TableControl::FramMeldHelp, true);
+    EXPECT_EQ(NextStop(view, TableStop::MarriageSpades, true, false), TableStop::ReminderOk);
+}
+
+TEST(TableKeys, EnterAndSpaceClickWhatHasTheFocusAndKKnocksOnlyWhileKnockShows) {
+    KeysTable t;
+    t.Lay(KD, 4000, 10080);
+    t.Lay(AD, 2500, 10080);
+    TableFocus focus;
+    auto press = [&](TableKey key) {
+        return PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+    };
+    auto is = [](std::optional<TableEvent> event, E kind, int index = 0) {
+        return event && event->kind == kind && event->index == index;
+    };
+    EXPECT_TRUE(is(press(K::Enter), E::CardClick, AD));
+    EXPECT_FALSE(press(K::Right));
+    EXPECT_TRUE(is(press(K::Space), E::CardClick, KD));
+    EXPECT_FALSE(press(K::Knock));
+    t.hg.table.SetControlVisible(TableControl::LblKnock, true);
+    EXPECT_TRUE(is(press(K::Knock), E::KnockClick));
+    t.hg.table.SetControlVisible(TableControl::FramMarriage, true);
+    press(K::Tab);
+    EXPECT_EQ(focus.stop, TableStop::Knock);
+    press(K::Tab);
+    press(K::Tab);
+    EXPECT_TRUE(is(press(K::Enter), E::MarriageClick, Clubs));
+    EXPECT_FALSE(press(K::Escape));
+    // The panel goes: the focus is back with the hand, on its card.
+    t.hg.table.SetControlVisible(TableControl::FramMarriage, false);
+    EXPECT_TRUE(is(press(K::Enter), E::CardClick, KD));
+    EXPECT_EQ(focus.stop, TableStop::Hand);
+}
+
+TEST(MessageKeys, EachKeyClicksTheButtonItStandsForInEveryChoiceOfTheGame) {
+    struct Case {
+        std::array<std::string, 3> captions;
+        std::vector<KeyPress> keys;
+        std::optional<int> button;
+    };
+    const KeyPress enter{K::Enter}, space{K::Space}, tab{K::Tab}, back{K::BackTab}, esc{K::Escape};
+    const Case cases[] = {
+        {{"Yes Exit", "Carry On", ""}, {enter}, 0},
+        {{"Yes Exit", "Carry On", ""}, {esc}, 1},
+        {{"Yes Exit", "Carry On", ""}, {tab, tab, enter}, 0},
+        {{"No Continue", "Yes Exit", ""}, {esc}, 0},
+        {{"No Continue", "Yes New Game", ""}, {tab, esc}, 0},
+        {{"Yes ", "No", ""}, {esc}, 1},
+        {{"Play", "Exit", ""}, {esc}, std::nullopt},
+        {{"Stock Card", "Up Card", ""}, {tab, space}, 1},
+        {{"Stock Card", "Up Card", ""}, {back, enter}, 1},
+        {{"O.K", "", ""}, {tab, enter}, 0},
+        {{"O.K", "", ""}, {esc, KeyPress{K::Left}}, std::nullopt},
+        {{"One", "Two", "Three"}, {back, enter}, 2},
+        {{"&Yes", "&No", ""}, {KeyPress{K::AltLetter, 'N'}}, 1},
+        {{"&Yes", "&No", ""}, {KeyPress{K::AltLetter, 'x'}}, std::nullopt},
+        {{"Fish && Chips", "C&ancel it", ""}, {KeyPress{K::AltLetter, 'a'}}, 1},
+        {{"Fish && Chips", "", ""}, {KeyPress{K::AltLetter, 'c'}}, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        MessageRecord message;
+        message.buttons = c.captions;
+        EXPECT_EQ(AnswerByKeys(message, c.keys), c.button) << c.captions[0] << " " << c.keys.size();
+    }
+}
+
+}  // namespace
+}  // namespace trickhaven
