@@ -117,15 +117,10 @@ SettingsReading ReadSettingsFile(const std::filesystem::path& file) {
 }
 
 // A Data.dat that does not read whole may hold games won that the reading
-// lost: its bytes go beside it before a save replaces it. False when there
-// was something to keep and it could not be kept.
+// lost: its bytes go beside it before a save replaces it.
 bool KeepDamagedFile(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::exists(file, error) || ReadSettingsFile(file).whole) return true;
-    std::filesystem::path kept = file;
-    kept += ".unreadable";
-    return std::filesystem::copy_file(file, kept, std::filesystem::copy_options::overwrite_existing,
-                                      error);
+    return KeepUnreadableBytes(
+        file, [](const std::filesystem::path& present) { return ReadSettingsFile(present).whole; });
 }
 
 void ApplySettings(Game& g, const SettingsLine& line) {
@@ -193,6 +188,16 @@ bool WriteFileWhole(const std::filesystem::path& file, std::string_view content)
         return false;
     }
     return true;
+}
+
+bool KeepUnreadableBytes(const std::filesystem::path& file,
+                         const std::function<bool(const std::filesystem::path&)>& readsWhole) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error) || readsWhole(file)) return true;
+    std::filesystem::path kept = file;
+    kept += ".unreadable";
+    return std::filesystem::copy_file(file, kept, std::filesystem::copy_options::overwrite_existing,
+                                      error);
 }
 
 SettingsLine CurrentSettings(const Game& g) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,6 +40,13 @@ std::optional<SettingsLine> ParseSettingsLine(std::string_view text);
 // Writes the whole file through a temporary file and a rename, so that the
 // old file stays whole when the write fails. False on failure.
 bool WriteFileWhole(const std::filesystem::path& file, std::string_view content);
+
+// Before a data file is replaced: a file there that does not read whole has
+// its bytes copied beside it, with ".unreadable" added to its name. False
+// when there was something to keep and it could not be kept; the file must
+// then be left as it is.
+bool KeepUnreadableBytes(const std::filesystem::path& file,
+                         const std::function<bool(const std::filesystem::path&)>& readsWhole);
 
 SettingsLine CurrentSettings(const Game& g);
 

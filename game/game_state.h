@@ -8,14 +8,26 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "forms/platform.h"
 #include "forms/table_view.h"
+#include "game/card_random.h"
 #include "game/card_table.h"
 #include "game/play_log.h"
 
 namespace trickhaven {
+
+// A game between two hands: all that the next deal needs to go on with it.
+struct GameStanding {
+    std::int16_t PlayerTotal = 0;
+    std::int16_t OpponentTotal = 0;
+    std::int16_t TargetScore = 1000;
+    int NextDealer = 1;
+    std::uint8_t HandsPlayed = 0;
+    std::uint64_t DealSeed = 0;
+};
 
 // What the session loop is asked to do once the running routines unwind.
 enum class SessionRequest { None, NewGame, Quit };
@@ -83,6 +95,16 @@ struct Game {
     bool OpponentDoublePinochleMade = false;
 
     std::int16_t MessageChoice = 0;
+
+    // Every card that leaves the stock in a hand, in the deal and in the
+    // draws, comes from one stream begun from the hand's seed; the seed of
+    // the next hand is chosen, and saved, before that hand is dealt.
+    std::uint64_t NextDealSeed = 0;
+    CardRandom HandCards;
+
+    // A saved game taken up at the first New Game, waiting for the new
+    // game's set-up.
+    std::optional<GameStanding> ResumedGame;
 
     // Guards of re-entry that the rules leave open. While the closing
     // sequence of Round One runs, a click on the player's hand plays

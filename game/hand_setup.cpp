@@ -1,6 +1,7 @@
 #include "game/hand_setup.h"
 
 #include "data/data_file.h"
+#include "data/saved_game.h"
 #include "game/card_random.h"
 #include "game/session.h"
 #include "table/deal.h"
@@ -21,6 +22,34 @@ void ShowNames(Game& g) {
     g.view.SetCaption(TableLabel::LblPname, g.PlayerName);
     g.view.SetCaption(TableLabel::LblBName, g.OpponentName);
     g.view.SetCaption(TableLabel::LblBotsName, g.OpponentName);
+}
+
+// The first New Game of a run offers back a game left in the middle; one
+// declined is forgotten.
+void OfferSavedGame(Game& g) {
+    const std::optional<GameStanding> saved = ReadSavedGame(g);
+    if (!saved) {
+        return;
+    }
+    g.MessageChoice = static_cast<std::int16_t>(g.view.ShowDeluxeMessage(
+        g.PlayerName + " Your last game stands at " + std::to_string(saved->PlayerTotal) +
+            " against " + std::to_string(saved->OpponentTotal) + " with target score " +
+            std::to_string(saved->TargetScore) + ". Carry on with it?",
+        "Yes Carry On", "No New Game", "", 2, "Saved Game"));
+    if (g.MessageChoice == 0) {
+        g.ResumedGame = saved;
+    } else {
+        DropSavedGame(g);
+    }
+}
+
+// A new game starts at nothing, or at the totals of the game taken up.
+void StartStanding(Game& g) {
+    const GameStanding standing = g.ResumedGame.value_or(GameStanding{});
+    g.PlayerTotal = standing.PlayerTotal;
+    g.OpponentTotal = standing.OpponentTotal;
+    g.view.SetCaption(TableLabel::LblTotalScoreP, std::to_string(g.PlayerTotal));
+    g.view.SetCaption(TableLabel::LblTotScoreC, std::to_string(g.OpponentTotal));
 }
 
 }  // namespace
@@ -64,6 +93,11 @@ void MnuNew_Click(Game& g) {
         if (g.MessageChoice == 0) {
             return;
         }
+        DropSavedGame(g);
+    } else {
+        // No game on: the idle table of a start, as a game once on runs
+        // until the next one begins.
+        OfferSavedGame(g);
     }
     g.GameOn = false;
     Abandon(g, SessionRequest::NewGame);
@@ -84,10 +118,7 @@ void SetUpHand(Game& g) {
         ClearCardFlags(rec);
     }
     if (!g.GameOn) {
-        g.PlayerTotal = 0;
-        g.OpponentTotal = 0;
-        g.view.SetCaption(TableLabel::LblTotalScoreP, "0");
-        g.view.SetCaption(TableLabel::LblTotScoreC, "0");
+        StartStanding(g);
         // A game given up with a panel or the knock up starts clean.
         g.view.SetControlVisible(TableControl::FramDeclare, false);
         g.view.SetControlVisible(TableControl::FramMarriage, false);
@@ -123,15 +154,28 @@ void SetUpHand(Game& g) {
     g.LeadCard = 0;
     g.FollowCard = 0;
     if (!g.GameOn) {
-        g.HandNumber = 0;
+        const GameStanding standing = g.ResumedGame.value_or(GameStanding{});
+        g.HandNumber = standing.HandsPlayed;
         g.view.SetPanelText(4, "Round ");
         g.view.SetPanelText(3, "Tricks");
-        g.TargetScore = 1000;
+        g.TargetScore = standing.TargetScore;
         SetTargetTitle(g, "Target Score ");
     }
     g.TrickCount = 0;
     g.TrumpSuit = NoSuit;
     g.UpCard = 0;
+    if (!g.GameOn) {
+        // A game taken up deals from its saved dealer and seed: the very
+        // deal that was left. A fresh game draws its seed and saves its start.
+        if (g.ResumedGame) {
+            g.Dealer = g.ResumedGame->NextDealer == ThePlayer ? TheRobot : ThePlayer;
+            g.NextDealSeed = g.ResumedGame->DealSeed;
+            g.ResumedGame.reset();
+        } else {
+            ChooseDealSeed(g);
+            SaveStanding(g);
+        }
+    }
     DealHand(g);
 }
 

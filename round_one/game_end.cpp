@@ -3,8 +3,10 @@
 #include <string>
 
 #include "data/data_file.h"
+#include "data/saved_game.h"
 #include "game/pacing.h"
 #include "game/session.h"
+#include "table/deal.h"
 
 namespace trickhaven {
 
@@ -57,6 +59,7 @@ void RoundTwoTargetTests(Game& g, int target) {
         g.TargetScore = static_cast<std::int16_t>(g.TargetScore + TargetRise);
         target = g.TargetScore;
         g.view.SetTitle("Target Score:- " + Digits(g.TargetScore));
+        SaveStanding(g);
         g.MessageChoice = static_cast<std::int16_t>(g.view.ShowDeluxeMessage(
             "As you are both over target score it will increase by 250 and another hand played.",
             "O.K", "", "", 1, "Both over target"));
@@ -83,6 +86,8 @@ void EndGame(Game& g, int winner, const std::string& verdict) {
     g.MessageChoice = static_cast<std::int16_t>(
         g.view.ShowDeluxeMessage(message, "Play", "Exit", "", 1, "Play again?"));
     SaveData(g);
+    // Decided and answered: there is nothing left to go on with.
+    DropSavedGame(g);
     if (g.MessageChoice == 0) {
         g.GameOn = false;
         Abandon(g, SessionRequest::NewGame);
@@ -138,6 +143,10 @@ void EndOfHand(Game& g) {
     g.OpponentTotal = static_cast<std::int16_t>(g.OpponentTotal + g.OpponentTotalTricks);
     g.view.SetCaption(TableLabel::LblTotalScoreP, Digits(g.PlayerTotal));
     g.view.SetCaption(TableLabel::LblTotScoreC, Digits(g.OpponentTotal));
+    // The next hand's seed is drawn now, before the standing is saved with
+    // it: a hand left unfinished is dealt again exactly as it was.
+    ChooseDealSeed(g);
+    SaveStanding(g);
     LogPlay(g, HandOver());
     CheckTarget(g);
     if (!g.GameOn) {

@@ -43,14 +43,22 @@ void HopCard(Game& g, int card, int left, int top) {
 
 int PickStockCard(Game& g) {
     // Rounding r * 48, not truncating: card 48 only gets the half span from
-    // 47.5, so it comes up half as often as the others.
+    // 47.5, so it comes up half as often as the others. A retry takes the
+    // stream's next number.
     for (;;) {
-        g.platform.Reseed();
-        const int n = RoundHalfEven(g.platform.Random() * CardCount);
+        const int n = RoundHalfEven(g.HandCards.Draw() * CardCount);
         if (n != 0 && Card(g, n).Place == PlaceStock) {
             return n;
         }
     }
+}
+
+void ChooseDealSeed(Game& g) {
+    constexpr double kTwoTo32 = 4294967296.0;
+    g.platform.Reseed();
+    const auto high = static_cast<std::uint64_t>(g.platform.Random() * kTwoTo32);
+    const auto low = static_cast<std::uint64_t>(g.platform.Random() * kTwoTo32);
+    g.NextDealSeed = (high << 32U) | low;
 }
 
 void DealCardToOpponent(Game& g) {
@@ -84,6 +92,9 @@ void DealCardToPlayer(Game& g) {
 
 void DealHand(Game& g) {
     g.GameOn = true;
+    // The deal and every draw of the hand follow from its seed alone, so a
+    // hand left and taken up again brings the same cards.
+    g.HandCards = CardRandom{g.NextDealSeed};
     if (g.Dealer == ThePlayer) {
         g.Dealer = TheRobot;
         g.view.SetPanelText(

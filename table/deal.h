@@ -8,8 +8,13 @@ namespace trickhaven {
 // One stop of a card's flight: it moves there and comes to the front.
 void HopCard(Game& g, int card, int left, int top);
 
-// A random card of the stock (Place 20); the stock must not be empty.
+// A random card of the stock (Place 20), from the hand's stream; the stock
+// must not be empty.
 int PickStockCard(Game& g);
+
+// Chooses the seed of the next deal with fresh entropy: the clock mixed
+// into the machine's generator. Runs once before each hand, never during one.
+void ChooseDealSeed(Game& g);
 
 void DealCardToOpponent(Game& g);
 void DealCardToPlayer(Game& g);

@@ -112,6 +112,8 @@ TEST(DataFile, ADirectoryInPlaceOfTheFileOrOfItsCopyIsLeftAsItIsAndNothingIsRepl
     EXPECT_EQ(FormatSettingsLine(CurrentSettings(hg.game)), kInitialLine);
     EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "x"));
     EXPECT_TRUE(std::filesystem::is_directory(hg.folder / "Data.dat"));
+    // Beside it only the game in progress, saved at its start: no litter.
+    EXPECT_TRUE(std::filesystem::remove(hg.folder / "SavedGame.dat"));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(hg.folder), {}), 1);
 
     std::filesystem::rename(hg.folder / "Data.dat", hg.folder / "Data.dat.unreadable");

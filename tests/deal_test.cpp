@@ -188,7 +188,7 @@ TEST(HandRows, BothOrdersTheDealsIndexOrderAndTheRobotsRowLeaveMeldedCardsOut) {
     EXPECT_EQ(Row(hg, 120, 2880, 250, CardBackImage), std::vector<int>({2, 30, 44}));
 }
 
-TEST(PickStockCard, OnlyStockCardsComeTheSecondNineOfSpadesHalfAsOftenEvenOnAStoppedClock) {
+TEST(PickStockCard, OnlyStockCardsComeTheSecondNineOfSpadesHalfAsOftenAndRetriesDrawAfresh) {
     HeadlessGame hg(2024);
     ClearTable(hg.game);
     std::map<int, int> counts;
@@ -197,8 +197,8 @@ TEST(PickStockCard, OnlyStockCardsComeTheSecondNineOfSpadesHalfAsOftenEvenOnASto
     // 47 full spans and one half span of r times 48.
     EXPECT_NEAR(counts[47], kDraws / 47.5, 250);
     EXPECT_NEAR(counts[48], kDraws / 95.0, 180);
-    // The virtual clock stands still: every reseed must still draw afresh.
-    // The virtual clock stands still: every retry must still draw afresh.
+    // One card left in the stock: every retry takes the stream's next
+    // number, so the pick still finds it.
     for (int card = 1; card < CardCount; ++card) Card(hg.game, card).Place = PlacePlayed;
     for (int i = 0; i < 50; ++i) EXPECT_EQ(PickStockCard(hg.game), 48);
 }

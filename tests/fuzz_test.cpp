@@ -68,6 +68,20 @@ TEST(ChaosFaults, AnExitAnsweredNowAndThenRestartsTheProgramWithItsData) {
     EXPECT_GT(exits, 0);
 }
 
+TEST(ChaosFaults, AGameTakenUpAtARestartStandsWhereItsLastHandLeftIt) {
+    // Seeds whose exits come after hands with points, so that a standing
+    // taken up is more than a fresh game.
+    long takenUp = 0;
+    for (const std::uint64_t seed : {3U, 10U}) {
+        SimOptions options = ChaosRun(seed, 25, 24);
+        options.allowExit = true;
+        const SimReport report = Simulate(options);
+        EXPECT_EQ(report.violations, 0) << Notes(report);
+        takenUp += report.gamesTakenUp;
+    }
+    EXPECT_GT(takenUp, 4);
+}
+
 TEST(JsonText, EscapesAndRepairsWhatANameMayHold) {
     const std::pair<std::string, std::string> cases[] = {
         {"say \"hi\" a\\b", "\"say \\\"hi\\\" a\\\\b\""},

@@ -68,9 +68,9 @@ void PrintReport(const SimReport& report, double seconds) {
     std::printf("hands per second: %.0f\n", seconds > 0 ? report.hands / seconds : 0.0);
     std::printf(
         "events served: %ld, injected: %ld, keys pressed: %ld, program starts: %ld, exits taken: "
-        "%ld\n",
+        "%ld, games taken up: %ld\n",
         report.eventsServed, report.injected, report.keysPressed, report.sessions,
-        report.exitsTaken);
+        report.exitsTaken, report.gamesTakenUp);
     for (const Checkpoint& point : report.checkpoints) {
         std::printf("after %ld hands: stack depth %ld bytes (deepest %ld), resident %ld KiB\n",
                     point.hands, point.stackDepth, point.deepestStack, point.residentKiB);

@@ -29,6 +29,10 @@ std::vector<GameMessage> AllMessages() {
     std::vector<GameMessage> all{
         Deluxe("You are in the middle of a game. Really start a new one?", "No Continue",
                "Yes New Game", 2, "Leave this game?"),
+        Deluxe(Player +
+                   " Your last game stands at 1130 against 1215 with target score 1250. Carry on "
+                   "with it?",
+               "Yes Carry On", "No New Game", 2, "Saved Game"),
         Deluxe(Player + " You are in the middle of a game. Do you really wish to Exit the game?",
                "No Continue", "Yes Exit", 2, "Really Exit?"),
         Deluxe(" Do you really wish to exit?", "Yes Exit", "Carry On", 2, "Really Exit?"),

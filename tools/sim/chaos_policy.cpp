@@ -184,7 +184,7 @@ int ChaosPolicy::ChooseAnswer(const Game& g, const MessageRecord& message, bool 
         return 1 - leave;
     }
     if (message.title == "Leave this game?" || message.title == "Really Erase?" ||
-        message.title == "Make choice") {
+        message.title == "Make choice" || message.title == "Saved Game") {
         return Below(2);
     }
     return player_.Answer(message);

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "data/data_file.h"
+#include "data/saved_game.h"
 #include "headless/headless_game.h"
 #include "headless/player_policy.h"
 #include "tools/sim/chaos_policy.h"
@@ -71,6 +72,10 @@ public:
             texts.at(i).assign(std::istreambuf_iterator<char>(in),
                                std::istreambuf_iterator<char>());
         }
+        // No game is saved either: a standing left from before goes.
+        std::filesystem::remove(path / kSavedGameName);
+        const auto blocker = path / (std::string(kSavedGameName) + ".tmp");
+        if (std::filesystem::create_directory(blocker)) blockers_.push_back(blocker);
         return texts;
     }
 
@@ -101,8 +106,10 @@ public:
           hg_(options.seed + static_cast<std::uint64_t>(report.sessions) * 0x9E3779B9ULL),
           player_(PolicyKindByName(options.policy).value_or(PolicyKind::Random),
                   (options.seed ^ 0x5EEDULL) + static_cast<std::uint64_t>(report.sessions)),
-          chaos_(options.seed ^ 0xC4A05C4A05ULL, ChaosSettings{options.allowExit, 4000},
-                 hg_.table) {
+          // A player back at the table after a restart clicks anew; the
+          // same clicks on a game taken up would replay the same exit.
+          chaos_((options.seed ^ 0xC4A05C4A05ULL) + static_cast<std::uint64_t>(report.sessions),
+                 ChaosSettings{options.allowExit, 4000}, hg_.table) {
         if (options.transcript != nullptr) transcript_.emplace(options.transcript);
         hg_.game.DataFolder = folder;
         hg_.table.keepHistory = false;
@@ -113,6 +120,7 @@ public:
     // False when the game got stuck and the run cannot go on.
     bool Run() {
         ++report_.sessions;
+        checks_.NewRun();
         try {
             hg_.Run();
         } catch (const TableStuck&) {
@@ -173,7 +181,9 @@ private:
             const bool restart = hg_.platform.TickCount() > kRestartAfterMs;
             return PlayOn() && !restart ? 0 : 1;
         }
-        return Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m);
+        const int answer = Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m);
+        if (m.title == "Saved Game" && answer == 0) ++report_.gamesTakenUp;
+        return answer;
     }
 
     void OnPlay(const Game& g, const PlayLogEvent& e) {

@@ -57,6 +57,8 @@ struct SimReport {
     long injected = 0;
     long exitsTaken = 0;
     long keysPressed = 0;
+    // Saved games taken up at a restart.
+    long gamesTakenUp = 0;
     std::vector<std::string> notes;
     std::vector<Checkpoint> checkpoints;
     std::uint64_t signature = 0xCBF29CE484222325ULL;

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "data/data_file.h"
+#include "data/saved_game.h"
 #include "round_one/trick_cycle.h"
 
 namespace trickhaven {
@@ -131,7 +132,19 @@ void TableChecks::StartHand(const Game& g) {
     trickPoints_.fill(0);
     meldPoints_.fill(0);
     meldInFlight_.fill(0);
-    if (g.HandNumber == 1) totals_.fill(0);
+    if (g.HandNumber == 1) {
+        totals_.fill(0);
+        standing_.fill(0);
+    } else if (firstHandOfRun_) {
+        // A game taken up from its saved standing.
+        if (g.PlayerTotal != standing_[1] || g.OpponentTotal != standing_[2]) {
+            Fail("a game taken up at " + std::to_string(g.PlayerTotal) + "/" +
+                 std::to_string(g.OpponentTotal) + ", saved at " + std::to_string(standing_[1]) +
+                 "/" + std::to_string(standing_[2]));
+        }
+        totals_ = standing_;
+    }
+    firstHandOfRun_ = false;
     // Only a turned-up nine can have scored before the first card.
     trickPoints_.at(static_cast<std::size_t>(dealer_)) =
         Card(g, upCardAtDeal_).Value == Nine ? 10 : 0;
@@ -285,6 +298,7 @@ void TableChecks::CheckHandEnd(const Game& g) {
     totals_[1] += trickPoints_[1];
     totals_[2] += trickPoints_[2];
     CheckTotals(g, "at the end of a hand");
+    standing_ = totals_;
 }
 
 void TableChecks::CheckTotals(const Game& g, const char* when) {
@@ -305,6 +319,9 @@ void TableChecks::CheckDataFiles(const std::filesystem::path& folder,
         if (text && !ParseSettingsLine(*text)) Fail(name + " does not read back");
         if (frozen && text != frozen->at(i)) Fail(name + " changed though every write failed");
     }
+    const auto saved = ReadWhole(folder / kSavedGameName);
+    if (saved && !ParseStanding(*saved)) Fail("the saved game does not read back");
+    if (frozen && saved) Fail("a game was saved though every write failed");
 }
 
 }  // namespace trickhaven

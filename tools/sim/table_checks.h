@@ -26,9 +26,13 @@ public:
     // A quiet moment: a round of events, or the return of an event handler.
     void OnRound(const Game& g);
     // Data.dat and All.dat, where they exist, read back; while every write
-    // fails, they hold exactly what they held before.
+    // fails, they hold exactly what they held before. A saved game there
+    // reads whole too, and none is written while every write fails.
     void CheckDataFiles(const std::filesystem::path& folder,
                         const std::optional<DataFiles>& frozen);
+    // The program starts again: a game it takes up must stand where the
+    // last hand of the run before left it.
+    void NewRun() { firstHandOfRun_ = true; }
 
     void Fail(const std::string& what);
 
@@ -63,6 +67,9 @@ private:
     // posted yet.
     std::array<int, 3> meldInFlight_{};
     std::array<int, 3> totals_{};
+    // The totals as the last hand's end, or the game's start, saved them.
+    std::array<int, 3> standing_{};
+    bool firstHandOfRun_ = false;
 };
 
 // The winner of two cards, the first led, by the rules of both rounds.
