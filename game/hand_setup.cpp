@@ -35,7 +35,7 @@ void OfferSavedGame(Game& g) {
         g.PlayerName + " Your last game stands at " + std::to_string(saved->PlayerTotal) +
             " against " + std::to_string(saved->OpponentTotal) + " with target score " +
             std::to_string(saved->TargetScore) + ". Carry on with it?",
-        "Yes Carry On", "No New Game", "", 2, "Saved Game"));
+        "Carry On", "New Game", "", 2, "Saved Game"));
     if (g.MessageChoice == 0) {
         g.ResumedGame = saved;
     } else {

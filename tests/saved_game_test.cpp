@@ -223,7 +223,7 @@ TEST(SavedGame, AGameLeftAfterAnyHandGoesOnWithTheSameFiguresDealAndDraws) {
                 std::tuple("Player Your last game stands at " + std::to_string(dealt->player) +
                                " against " + std::to_string(dealt->robot) + " with target score " +
                                std::to_string(dealt->target) + ". Carry on with it?",
-                           "Yes Carry On", "No New Game", 2));
+                           "Carry On", "New Game", 2));
             ++resumed;
         }
     }
@@ -301,7 +301,7 @@ TEST(SavedGame, YesNewGameAndNoAtTheOfferDropItExitKeepsItAndOnlyTheFirstNewGame
     for (const bool refused : {false, true}) {
         SCOPED_TRACE(refused);
         {  // No: a game from nothing, and the old standing is gone.
-            SavedRun run(kMidGameText, {"No New Game"});
+            SavedRun run(kMidGameText, {"New Game"});
             if (refused) std::filesystem::create_directory(SavedFile(run.hg).string() + ".tmp");
             run.hg.platform.stopWhen = [](const Game& g) { return g.RoundOneOn; };
             ASSERT_TRUE(run.hg.Run());

@@ -165,6 +165,8 @@ TEST(MessageKeys, EachKeyClicksTheButtonItStandsForInEveryChoiceOfTheGame) {
         {{"No Continue", "Yes Exit", ""}, {esc}, 0},
         {{"No Continue", "Yes New Game", ""}, {tab, esc}, 0},
         {{"Yes ", "No", ""}, {esc}, 1},
+        // Escape at the saved game's offer keeps the game rather than drop it.
+        {{"Carry On", "New Game", ""}, {esc}, 0},
         {{"Play", "Exit", ""}, {esc}, std::nullopt},
         {{"Stock Card", "Up Card", ""}, {tab, space}, 1},
         {{"Stock Card", "Up Card", ""}, {back, enter}, 1},

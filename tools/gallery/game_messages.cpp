@@ -32,7 +32,7 @@ std::vector<GameMessage> AllMessages() {
         Deluxe(Player +
                    " Your last game stands at 1130 against 1215 with target score 1250. Carry on "
                    "with it?",
-               "Yes Carry On", "No New Game", 2, "Saved Game"),
+               "Carry On", "New Game", 2, "Saved Game"),
         Deluxe(Player + " You are in the middle of a game. Do you really wish to Exit the game?",
                "No Continue", "Yes Exit", 2, "Really Exit?"),
         Deluxe(" Do you really wish to exit?", "Yes Exit", "Carry On", 2, "Really Exit?"),
