@@ -36,8 +36,8 @@ protected:
     QWidget* Ring() { return table.Surface()->findChild<FocusRing*>(); }
     QWidget* Focused() { return table.Surface()->focusWidget(); }
 
-    // The player's hand laid out in a row, face up, the robot's face down.
-    void Deal(std::initializer_list<int> mine, std::initializer_list<int> robots) {
+    // The player's hand laid out in a row, face up.
+    void Deal(std::initializer_list<int> mine) {
         int left = 2500;
         for (const int card : mine) {
             Card(g, card).Place = PlacePlayerHand;
@@ -45,17 +45,14 @@ protected:
             table.MoveCard(card, left, 10080);
             left += 600;
         }
-        left = 2500;
-        for (const int card : robots) {
-            Card(g, card).Place = PlaceOpponentHand;
-            table.SetCardImage(card, CardBackImage);
-            table.MoveCard(card, left, 120);
-            left += 600;
-        }
         QApplication::processEvents();
     }
     void Press(Qt::Key key, QWidget* at = nullptr) {
         QTest::keyClick(at != nullptr ? at : table.Surface()->focusWidget(), key);
+        QApplication::processEvents();
+    }
+    void Click(QWidget* widget) {
+        QTest::mouseClick(widget, Qt::LeftButton);
         QApplication::processEvents();
     }
 
@@ -65,8 +62,8 @@ protected:
     EventLog log;
 };
 
-TEST_F(TableKeysTest, OnlyTheHandsCardsAndTheShownControlsTakeTheFocusAndKeysWalkAndPlayThem) {
-    Deal({25, 3, 40}, {13, 14});
+TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheRingIsTheKeys) {
+    Deal({25, 3, 40});
     Card(g, 7).Place = PlacePlayed;
     table.SetCardImage(7, 7);
     QApplication::processEvents();
@@ -74,8 +71,12 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsAndTheShownControlsTakeTheFocusAndKeysWal
         const bool mine = card == 25 || card == 3 || card == 40;
         EXPECT_EQ(Picture(card)->focusPolicy() == Qt::StrongFocus, mine) << card;
     }
+    Click(Picture(3));
+    EXPECT_FALSE(Ring()->isVisible());
     Press(Qt::Key_Home, Picture(40));
     EXPECT_EQ(Focused(), Picture(25));
+    ASSERT_TRUE(Ring()->isVisible());
+    EXPECT_TRUE(Ring()->geometry().contains(Picture(25)->geometry()));
     Press(Qt::Key_Right);
     EXPECT_EQ(Focused(), Picture(3));
     Press(Qt::Key_End);
@@ -85,45 +86,56 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsAndTheShownControlsTakeTheFocusAndKeysWal
     Press(Qt::Key_Return);
     Press(Qt::Key_Space);
     Press(Qt::Key_K);  // no knock to be made
-    EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::CardClick, 3}, {E::CardClick, 3}}));
+    Click(Picture(3));
+    EXPECT_FALSE(Ring()->isVisible());
+    EXPECT_FALSE(table.Keyboard().KeyboardInUse());
+    EXPECT_EQ(log.events, (std::vector<TableEvent>(4, {E::CardClick, 3})));
 }
 
-TEST_F(TableKeysTest, TabGoesRoundTheHandSortKnockAndTheOpenPanelAndEnterOrSpaceClicks) {
-    Deal({25, 3}, {});
-    table.SetControlVisible(TableControl::CmdSort, true);
-    table.SetControlVisible(TableControl::LblKnock, true);
-    table.SetControlVisible(TableControl::FramMarriage, true);
+// Enter or Space on each stop of Tab's round gives the click the mouse
+// gives it; a button shows its focus to the keyboard, not after the mouse.
+TEST_F(TableKeysTest, TabGoesRoundTheShownControlsInOrderAndEachKeyClicksAsTheMouseDoes) {
+    Deal({25, 3});
+    for (const TableControl shown : {TableControl::CmdSort, TableControl::LblKnock,
+                                     TableControl::FramDeclare, TableControl::FramMarriage}) {
+        table.SetControlVisible(shown, true);
+    }
     QApplication::processEvents();
+    QWidget* sort = FindControl(table, "CmdSort");
+    const QImage designed = sort->grab().toImage();
     Press(Qt::Key_Home, Picture(3));
     std::vector<QString> round;
-    for (int step = 0; step < 7; ++step) {
+    for (std::size_t step = 0; step < 17; ++step) {
         Press(Qt::Key_Tab);
-        round.push_back(Focused()->objectName());
+        QWidget* stop = Focused();
+        round.push_back(stop->objectName());
+        EXPECT_TRUE(stop != sort || sort->grab().toImage() != designed);
+        Press(step % 2 == 0 ? Qt::Key_Return : Qt::Key_Space);
+        Click(stop);
+        EXPECT_TRUE(stop->hasFocus());
+        EXPECT_TRUE(stop != sort || sort->grab().toImage() == designed);
+        ASSERT_EQ(log.events.size(), 2 * step + 2) << round.back().toStdString();
+        EXPECT_TRUE(log.events[2 * step] == log.events[2 * step + 1]) << round.back().toStdString();
     }
-    EXPECT_EQ(round, (std::vector<QString>{"CmdSort", "LblKnock", "CmdMarriage1", "CmdMarriage2",
+    EXPECT_EQ(round, (std::vector<QString>{"CmdSort", "LblKnock", "CmdDBezique", "CmdBezique",
+                                           "CmdSequence", "CmdFours3", "CmdFours0", "CmdFours1",
+                                           "CmdFours2", "cmdDec7Trumps", "CmdMakeMarriage4",
+                                           "CmdCancel", "CmdMarriage1", "CmdMarriage2",
                                            "CmdMarriage3", "CmdMarriage4", "PicCard25"}));
-    Press(Qt::Key_Backtab);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Backtab);
-    Press(Qt::Key_Space);
     Press(Qt::Key_K);
-    EXPECT_EQ(log.events,
-              (std::vector<TableEvent>{
-                  {E::MarriageClick, Spades}, {E::MarriageClick, Hearts}, {E::KnockClick}}));
+    EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
 }
 
 TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOneOutOfPlay) {
-    Deal({25, 3, 40}, {});
+    Deal({25, 3, 40});
     Press(Qt::Key_Right, Picture(25));
-    ASSERT_EQ(Focused(), Picture(3));
     // The card flies to the trick and the row closes up.
     Card(g, 3).Place = PlacePlayed;
     table.MoveCard(3, 7800, 6540);
     table.MoveCard(40, 3100, 10080);
     QApplication::processEvents();
     EXPECT_EQ(Focused(), Picture(40));
-    // The last card goes and then the whole hand: the focus leaves no card
-    // out of play with a focus to take.
+    // The last card goes and then the whole hand.
     Card(g, 40).Place = PlacePlayed;
     table.SetCardVisible(40, false);
     QApplication::processEvents();
@@ -131,41 +143,8 @@ TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOn
     Card(g, 25).Place = PlacePlayed;
     table.MoveCard(25, 7800, 6540);
     QApplication::processEvents();
-    EXPECT_EQ(Picture(25)->focusPolicy(), Qt::NoFocus);
     Press(Qt::Key_Return, Picture(25));
     EXPECT_TRUE(log.events.empty());
-}
-
-TEST_F(TableKeysTest, TheRingShowsOnlyOnceAKeyIsPressedAndGoesWithTheMouse) {
-    Deal({25, 3}, {});
-    QTest::mouseClick(Picture(3), Qt::LeftButton);
-    QApplication::processEvents();
-    EXPECT_FALSE(Ring()->isVisible());
-    Press(Qt::Key_Left, Picture(3));
-    ASSERT_TRUE(Ring()->isVisible());
-    EXPECT_TRUE(Ring()->geometry().contains(Picture(25)->geometry()));
-    EXPECT_TRUE(table.Keyboard().KeyboardInUse());
-    QTest::mouseClick(Picture(3), Qt::LeftButton);
-    QApplication::processEvents();
-    EXPECT_FALSE(Ring()->isVisible());
-    EXPECT_FALSE(table.Keyboard().KeyboardInUse());
-    EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::CardClick, 3}, {E::CardClick, 3}}));
-}
-
-TEST_F(TableKeysTest, AButtonShowsItsFocusToTheKeyboardAndLooksAsDesignedAfterTheMouse) {
-    Deal({25}, {});
-    table.SetControlVisible(TableControl::CmdSort, true);
-    QApplication::processEvents();
-    QWidget* sort = FindControl(table, "CmdSort");
-    const QImage designed = sort->grab().toImage();
-    Press(Qt::Key_Tab, Picture(25));
-    ASSERT_EQ(Focused(), sort);
-    EXPECT_NE(sort->grab().toImage(), designed);
-    QTest::mouseClick(sort, Qt::LeftButton);
-    QApplication::processEvents();
-    EXPECT_TRUE(sort->hasFocus());
-    EXPECT_EQ(sort->grab().toImage(), designed);
-    EXPECT_EQ(log.events, (std::vector<TableEvent>{{E::SortClick}}));
 }
 
 TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShowsOnlyToKeys) {
@@ -175,7 +154,6 @@ TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShow
         int choice;
     };
     const Case cases[] = {
-        {"Yes Exit", "Carry On", {Qt::Key_Return}, 0},
         {"Yes Exit", "Carry On", {Qt::Key_Escape}, 1},
         {"No Continue", "Yes New Game", {Qt::Key_Tab, Qt::Key_Escape}, 0},
         {"Stock Card", "Up Card", {Qt::Key_Tab, Qt::Key_Space}, 1},
@@ -187,11 +165,9 @@ TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShow
         form.show();
         EXPECT_FALSE(form.KeyFocusShown());
         for (const Qt::Key key : c.keys) {
-            if (!form.isVisible()) break;
             QTest::keyClick(&form, key);
-            if (form.isVisible()) {
-                EXPECT_TRUE(form.KeyFocusShown()) << c.button0.toStdString();
-            }
+            if (!form.isVisible()) break;
+            EXPECT_TRUE(form.KeyFocusShown()) << c.button0.toStdString();
         }
         EXPECT_FALSE(form.isVisible()) << c.button0.toStdString();
         EXPECT_EQ(form.Choice(), c.choice) << c.button0.toStdString();
