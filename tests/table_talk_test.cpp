@@ -1,5 +1,7 @@
 // What a screen reader is told of play: each step once, in the game's own
 // words where the commentary has them, joined when it happens at once.
+#include "game/table_talk.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -7,7 +9,6 @@
 #include <regex>
 #include <tuple>
 
-#include "game/table_talk.h"
 #include "headless/headless_game.h"
 #include "headless/player_policy.h"
 #include "tests/meld_fixtures.h"
