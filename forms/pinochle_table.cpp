@@ -1,6 +1,7 @@
 #include "forms/pinochle_table.h"
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QCloseEvent>
 #include <QInputDialog>
@@ -68,6 +69,11 @@ constexpr int DesignCardTop = 2880;
 PinochleTable::PinochleTable(QWidget* parent)
     : QMainWindow(parent), surface_(new QWidget), deluxe_(this), notice_(new SpokenNotice(this)) {
     InstallTableAccessibility();
+    // Whether a card plays changes with the turn, which the window is not
+    // told of: the cards are looked at whenever the game stops to wait, so
+    // that a screen reader never reads a card's standing from before.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &PinochleTable::TellCardStandings);
     setObjectName("PinochleTable");
     setWindowIcon(CardArt::ProgramIcon());
     surface_->setObjectName("TableSurface");
@@ -137,12 +143,9 @@ void PinochleTable::Speak() {
     if (!spoken.empty()) {
         notice_->Say(FromGame(spoken));
     }
-    TellCardStandings();
 }
 
 void PinochleTable::TellCardStandings() {
-    // Whether a card plays changes with the turn, which the window is not
-    // told of; what happens is, so the cards are looked at as it is spoken.
     for (int card = 1; card <= CardCount; ++card) {
         const CardStanding now = Card(card).Standing();
         CardStanding& was = standings_.at(static_cast<std::size_t>(card));
