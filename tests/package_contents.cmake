@@ -6,6 +6,7 @@
 #         -DWORK=<folder> -P package_contents.cmake
 
 cmake_minimum_required(VERSION 3.25)
+include(${CMAKE_CURRENT_LIST_DIR}/version_answer.cmake)
 set(app_id org.trickhaven.Trickhaven)
 set(failures)
 macro(fail text)
@@ -122,15 +123,9 @@ if(EXISTS ${root}/usr/share/doc/trickhaven/changelog.gz)
     fail("the changelog's latest entry is not for ${VERSION}")
   endif()
 endif()
-execute_process(
-  COMMAND ${CMAKE_COMMAND} -E env --unset=DISPLAY --unset=WAYLAND_DISPLAY
-          ${root}/usr/games/trickhaven --version
-  RESULT_VARIABLE result
-  OUTPUT_VARIABLE answer
-  ERROR_VARIABLE err
-  TIMEOUT 20)
-if(NOT result EQUAL 0 OR NOT answer STREQUAL "Trickhaven ${VERSION}\n")
-  fail("the unpacked command answers --version with ${result}: ${answer}${err}")
+check_version_answer(${root}/usr/games/trickhaven ${VERSION})
+if(complaint)
+  fail("the unpacked command: ${complaint}")
 endif()
 
 if(failures)

@@ -5,6 +5,7 @@
 #   cmake -DDEB=<package> -DVERSION=<x.y.z> -DWORK=<folder> -P package_install.cmake
 
 cmake_minimum_required(VERSION 3.25)
+include(${CMAKE_CURRENT_LIST_DIR}/version_answer.cmake)
 execute_process(COMMAND id -u OUTPUT_VARIABLE user OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT user STREQUAL "0")
   message(STATUS "SKIPPED: dpkg installs into a root of its own only when run by root")
@@ -34,15 +35,9 @@ foreach(file /usr/games/trickhaven /usr/lib/trickhaven/Data.dat /usr/share/man/m
     list(APPEND failures "dpkg does not list ${file} as the package's")
   endif()
 endforeach()
-execute_process(
-  COMMAND ${CMAKE_COMMAND} -E env --unset=DISPLAY --unset=WAYLAND_DISPLAY
-          ${root}/usr/games/trickhaven --version
-  RESULT_VARIABLE result
-  OUTPUT_VARIABLE answer
-  ERROR_VARIABLE answer
-  TIMEOUT 20)
-if(NOT result EQUAL 0 OR NOT answer STREQUAL "Trickhaven ${VERSION}\n")
-  list(APPEND failures "the installed command answers --version with ${result}: ${answer}")
+check_version_answer(${root}/usr/games/trickhaven ${VERSION})
+if(complaint)
+  list(APPEND failures "the installed command: ${complaint}")
 endif()
 
 run(ignored ${dpkg} --remove trickhaven)
