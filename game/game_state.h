@@ -19,6 +19,10 @@
 
 namespace trickhaven {
 
+// The two robots: the design's, with its fixed lists, and the one that
+// searches what its seat can see.
+enum class RobotKind : std::uint8_t { Classic, Expert };
+
 // A game between two hands: all that the next deal needs to go on with it.
 struct GameStanding {
     std::int16_t PlayerTotal = 0;
@@ -48,6 +52,10 @@ struct Game {
     std::int16_t GameSpeed = 100;
     std::int16_t TargetScore = 0;
     std::array<std::int32_t, 3> GameStats{};  // items 1 and 2
+    // The robot the menu has chosen, and the one playing this deal: a
+    // change in mid-game waits for the next deal.
+    RobotKind ChosenRobot = RobotKind::Classic;
+    RobotKind Robot = RobotKind::Classic;
 
     // Pacing.
     std::int16_t DelayMs = 0;
