@@ -1,0 +1,250 @@
+#include "expert/round_two_search.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace trickhaven::expert {
+
+namespace {
+
+constexpr std::array<int, 6> kRankPoints{11, 10, 4, 3, 2, 0};
+
+// The first copy of every card: the two copies of a card lie side by side.
+constexpr CardSet kFirstCopies = 0x555555555555;
+
+// Every copy of one rank, all four suits.
+constexpr CardSet RankEverywhere(int rankIndex) {
+    CardSet cards = kNoCards;
+    for (int suit = Diamonds; suit <= Spades; ++suit) cards |= RankCards(suit, rankIndex);
+    return cards;
+}
+
+// The two copies of a card play alike: one of them stands for both.
+CardSet OneOfEachCopy(CardSet cards) {
+    const CardSet twins = cards & (cards >> 1) & kFirstCopies;
+    return cards & ~(twins << 1);
+}
+
+// Which copy of a card a hand holds does not matter, so a position is kept
+// in one form: the leader holds the first copy wherever each hand holds one,
+// and a lone copy anywhere is the first.
+void MergeCopies(CardSet& lead, CardSet& follow) {
+    const CardSet lead1 = lead & kFirstCopies, lead2 = (lead >> 1) & kFirstCopies;
+    const CardSet follow1 = follow & kFirstCopies, follow2 = (follow >> 1) & kFirstCopies;
+    const CardSet leadBoth = lead1 & lead2, leadOne = lead1 ^ lead2;
+    const CardSet followBoth = follow1 & follow2, followOne = follow1 ^ follow2;
+    lead = leadBoth | (leadBoth << 1) | leadOne;
+    follow = followBoth | (followBoth << 1) | (followOne & ~leadOne) | ((followOne & leadOne) << 1);
+}
+
+// The cards of a suit that rank above a card: they lie before it.
+CardSet HigherInSuit(int card) {
+    const int firstCopy = card - ((card - 1) & 1);
+    return SuitCards(SuitOf(card)) & (CardBit(firstCopy) - 1);
+}
+
+// Cards in the order they are tried; the best card of the table first.
+struct Tries {
+    std::array<std::pair<int, int>, 24> cards;  // rank for the order, card
+    int count = 0;
+
+    void Add(int rank, int card) {
+        int at = count++;
+        for (; at > 0 && cards[at - 1].first < rank; --at) cards[at] = cards[at - 1];
+        cards[at] = {rank, card};
+    }
+};
+
+}  // namespace
+
+CardSet RoundTwoLegalCards(CardSet hand, int ledCard, int trumpSuit) {
+    if (ledCard == 0) return hand;
+    if (const CardSet suit = hand & SuitCards(SuitOf(ledCard))) return suit;
+    if (const CardSet trumps = hand & SuitCards(trumpSuit)) return trumps;
+    return hand;
+}
+
+bool FollowerTakesTrick(int ledCard, int followCard, int trumpSuit) {
+    if (SuitOf(followCard) == SuitOf(ledCard))
+        return RankIndexOf(followCard) < RankIndexOf(ledCard);
+    return SuitOf(followCard) == trumpSuit;
+}
+
+int CardPointsOf(int card) {
+    return kRankPoints[RankIndexOf(card)];
+}
+
+int PointsIn(CardSet cards) {
+    static const std::array<CardSet, 5> ranks{RankEverywhere(0), RankEverywhere(1),
+                                              RankEverywhere(2), RankEverywhere(3),
+                                              RankEverywhere(4)};
+    int points = 0;
+    for (int rank = 0; rank < 5; ++rank) points += kRankPoints[rank] * CardsIn(cards & ranks[rank]);
+    return points;
+}
+
+RoundTwoSearch::RoundTwoSearch(int tableBits)
+    : table_(std::size_t{1} << tableBits), shift_(64 - tableBits) {}
+
+void RoundTwoSearch::Clear() {
+    std::fill(table_.begin(), table_.end(), Entry{});
+}
+
+RoundTwoSearch::Entry& RoundTwoSearch::Slot(CardSet leadKey, CardSet follow) {
+    const CardSet mixed = (leadKey * 0x9E3779B97F4A7C15) ^ follow;
+    return table_[(mixed * 0xC2B2AE3D27D4EB4F) >> shift_];
+}
+
+int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, int beta) {
+    ++nodes_;
+    if (lead == kNoCards) return 0;
+    MergeCopies(lead, follow);
+    if (CardsIn(lead) == 1) {
+        return FollowerTakesTrick(FirstCard(lead), FirstCard(follow), trumpSuit_) ? 0 : points;
+    }
+    const CardSet leadKey = lead | (CardSet(trumpSuit_) << CardCount);
+    Entry& entry = Slot(leadKey, follow);
+    int lower = 0, upper = points, hint = 0;
+    if (entry.leadKey == leadKey && entry.follow == follow) {
+        lower = entry.lower;
+        upper = entry.upper;
+        hint = entry.bestCard;
+    }
+    if (lower >= beta || lower == upper) return lower;
+    if (upper <= alpha) return upper;
+    const int low = std::max(alpha, lower), high = std::min(beta, upper);
+
+    Tries tries;
+    for (CardSet cards = OneOfEachCopy(lead); cards != kNoCards;) {
+        const int card = PopCard(cards);
+        const CardSet answers = follow & SuitCards(SuitOf(card));
+        const bool beaten = answers != kNoCards
+                                ? (answers & HigherInSuit(card)) != kNoCards
+                                : SuitOf(card) != trumpSuit_ && (follow & SuitCards(trumpSuit_));
+        const int order = card == hint ? 1000
+                          : beaten     ? 50 - CardPointsOf(card)
+                                       : 100 + CardPointsOf(card);
+        tries.Add(order, card);
+    }
+
+    int best = -1, bestCard = 0, a = low;
+    for (int i = 0; i < tries.count && a < high; ++i) {
+        const int card = tries.cards[i].second;
+        const int value =
+            points - Follow(lead & ~CardBit(card), follow, card, points, points - high, points - a);
+        if (value > best) {
+            best = value;
+            bestCard = card;
+            a = std::max(a, value);
+        }
+    }
+
+    if (entry.leadKey != leadKey || entry.follow != follow) {
+        entry = Entry{leadKey, follow, 0, static_cast<std::int16_t>(points), 0};
+    }
+    if (best > low) entry.lower = static_cast<std::int16_t>(std::max<int>(entry.lower, best));
+    if (best < high) entry.upper = static_cast<std::int16_t>(std::min<int>(entry.upper, best));
+    entry.bestCard = static_cast<std::int8_t>(bestCard);
+    return best;
+}
+
+int RoundTwoSearch::Follow(CardSet lead, CardSet follow, int ledCard, int points, int alpha,
+                           int beta) {
+    ++nodes_;
+    Tries tries;
+    for (CardSet cards = OneOfEachCopy(RoundTwoLegalCards(follow, ledCard, trumpSuit_));
+         cards != kNoCards;) {
+        const int card = PopCard(cards);
+        tries.Add(FollowerTakesTrick(ledCard, card, trumpSuit_) ? 100 + CardPointsOf(card)
+                                                                : 50 - CardPointsOf(card),
+                  card);
+    }
+
+    int best = -1;
+    for (int i = 0; i < tries.count && alpha < beta; ++i) {
+        const int card = tries.cards[i].second;
+        const CardSet rest = follow & ~CardBit(card);
+        const int trick = CardPointsOf(ledCard) + CardPointsOf(card);
+        const int after = points - trick;
+        const int value = FollowerTakesTrick(ledCard, card, trumpSuit_)
+                              ? trick + Lead(rest, lead, after, alpha - trick, beta - trick)
+                              : after - Lead(lead, rest, after, after - beta, after - alpha);
+        best = std::max(best, value);
+        alpha = std::max(alpha, value);
+    }
+    return best;
+}
+
+int RoundTwoSearch::CardValue(const RoundTwoPosition& position, int card, int points, int alpha,
+                              int beta) {
+    trumpSuit_ = position.trumpSuit;
+    const CardSet own = position.hands[position.toMove] & ~CardBit(card);
+    const CardSet other = position.hands[1 - position.toMove];
+    if (position.ledCard == 0) {
+        return points - Follow(own, other, card, points, points - beta, points - alpha);
+    }
+    const int trick = CardPointsOf(position.ledCard) + CardPointsOf(card);
+    const int after = points - trick;
+    return FollowerTakesTrick(position.ledCard, card, trumpSuit_)
+               ? trick + Lead(own, other, after, alpha - trick, beta - trick)
+               : after - Lead(other, own, after, after - beta, after - alpha);
+}
+
+namespace {
+
+int PointsInPlay(const RoundTwoPosition& position) {
+    return PointsIn(position.hands[0] | position.hands[1]) +
+           (position.ledCard != 0 ? CardPointsOf(position.ledCard) : 0);
+}
+
+CardSet LegalForMover(const RoundTwoPosition& position) {
+    return RoundTwoLegalCards(position.hands[position.toMove], position.ledCard,
+                              position.trumpSuit);
+}
+
+}  // namespace
+
+int RoundTwoSearch::Value(const RoundTwoPosition& position) {
+    trumpSuit_ = position.trumpSuit;
+    const int points = PointsInPlay(position);
+    const CardSet own = position.hands[position.toMove];
+    const CardSet other = position.hands[1 - position.toMove];
+    return position.ledCard == 0 ? Lead(own, other, points, -1, points + 1)
+                                 : Follow(other, own, position.ledCard, points, -1, points + 1);
+}
+
+CardValues RoundTwoSearch::ValuesOfCards(const RoundTwoPosition& position) {
+    const int points = PointsInPlay(position);
+    CardValues values;
+    values.cards = LegalForMover(position);
+    for (CardSet cards = values.cards; cards != kNoCards;) {
+        const int card = PopCard(cards);
+        // The second copy of a card is worth what the first is.
+        const bool twin = card % 2 == 0 && Holds(values.cards, card - 1);
+        values.points[card] =
+            twin ? values.points[card - 1]
+                 : static_cast<std::int16_t>(CardValue(position, card, points, -1, points + 1));
+    }
+    return values;
+}
+
+int RoundTwoSearch::BestCard(const RoundTwoPosition& position) {
+    const int points = PointsInPlay(position);
+    // Cheapest first, so that a later card must do strictly better to be taken.
+    Tries tries;
+    for (CardSet cards = OneOfEachCopy(LegalForMover(position)); cards != kNoCards;) {
+        const int card = PopCard(cards);
+        tries.Add(-CardPointsOf(card) * 64 - card, card);
+    }
+    int bestCard = tries.cards[0].second;
+    int best = CardValue(position, bestCard, points, -1, points + 1);
+    for (int i = 1; i < tries.count; ++i) {
+        const int card = tries.cards[i].second;
+        if (CardValue(position, card, points, best, best + 1) <= best) continue;
+        best = CardValue(position, card, points, best, points + 1);
+        bestCard = card;
+    }
+    return bestCard;
+}
+
+}  // namespace trickhaven::expert
