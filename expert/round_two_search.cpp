@@ -1,6 +1,7 @@
 #include "expert/round_two_search.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace trickhaven::expert {
@@ -41,6 +42,66 @@ void MergeCopies(CardSet& lead, CardSet& follow) {
 CardSet HigherInSuit(int card) {
     const int firstCopy = card - ((card - 1) & 1);
     return SuitCards(SuitOf(card)) & (CardBit(firstCopy) - 1);
+}
+
+// The cards of the other hand that beat a card led to them, if played.
+CardSet Beaters(int ledCard, CardSet other, int trumpSuit) {
+    if (const CardSet suit = other & SuitCards(SuitOf(ledCard)))
+        return suit & HigherInSuit(ledCard);
+    return other & SuitCards(trumpSuit);
+}
+
+constexpr int LastCard(CardSet set) {
+    return std::bit_width(set);
+}
+
+// Cards of one suit in one hand with no card of the other between them (nor
+// one of their ranks) do alike against everything the other hand holds: only
+// their points differ. Calls visit with each such run of cards.
+template <typename Visit>
+void ForEachRun(CardSet cards, CardSet other, Visit visit) {
+    while (cards != kNoCards) {
+        int last = PopCard(cards);
+        CardSet run = CardBit(last);
+        while (cards != kNoCards) {
+            const int next = FirstCard(cards);
+            if (SuitOf(next) != SuitOf(last)) break;
+            // From the first copy of the one to the second copy of the next.
+            const CardSet between = (CardBit(next + next % 2) << 1) - CardBit(last - 1 + last % 2);
+            if ((other & between) != kNoCards) break;
+            run |= CardBit(PopCard(cards));
+            last = next;
+        }
+        visit(run);
+    }
+}
+
+// The leads worth trying. Of a run of cards that nothing can beat, the
+// dearest; of one that every answer beats, the cheapest; else each card
+// (the answer chooses who takes the trick, and with it which is better).
+CardSet LeadsToTry(CardSet lead, CardSet follow, int trumpSuit) {
+    CardSet leads = kNoCards;
+    ForEachRun(lead, follow, [&](CardSet run) {
+        const int top = FirstCard(run);
+        const CardSet beaters = Beaters(top, follow, trumpSuit);
+        leads |= beaters == kNoCards                                     ? CardBit(top)
+                 : beaters == RoundTwoLegalCards(follow, top, trumpSuit) ? CardBit(LastCard(run))
+                                                                         : OneOfEachCopy(run);
+    });
+    return leads;
+}
+
+// The answers worth trying: of a run that takes the trick, the dearest card;
+// of one that loses it, the cheapest.
+CardSet AnswersToTry(CardSet lead, CardSet follow, int ledCard, int trumpSuit) {
+    CardSet answers = kNoCards;
+    ForEachRun(
+        RoundTwoLegalCards(follow, ledCard, trumpSuit), lead | CardBit(ledCard), [&](CardSet run) {
+            const int top = FirstCard(run);
+            answers |=
+                FollowerTakesTrick(ledCard, top, trumpSuit) ? CardBit(top) : CardBit(LastCard(run));
+        });
+    return answers;
 }
 
 // Cards in the order they are tried; the best card of the table first.
@@ -99,9 +160,7 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     ++nodes_;
     if (lead == kNoCards) return 0;
     MergeCopies(lead, follow);
-    if (CardsIn(lead) == 1) {
-        return FollowerTakesTrick(FirstCard(lead), FirstCard(follow), trumpSuit_) ? 0 : points;
-    }
+    if (CardsIn(lead) <= 2) return LastTricks(lead, follow, points);
     const CardSet leadKey = lead | (CardSet(trumpSuit_) << CardCount);
     Entry& entry = Slot(leadKey, follow);
     int lower = 0, upper = points, hint = 0;
@@ -115,7 +174,7 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     const int low = std::max(alpha, lower), high = std::min(beta, upper);
 
     Tries tries;
-    for (CardSet cards = OneOfEachCopy(lead); cards != kNoCards;) {
+    for (CardSet cards = LeadsToTry(lead, follow, trumpSuit_); cards != kNoCards;) {
         const int card = PopCard(cards);
         const CardSet answers = follow & SuitCards(SuitOf(card));
         const bool beaten = answers != kNoCards
@@ -148,12 +207,35 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     return best;
 }
 
+// The last trick or two, played out without the table.
+int RoundTwoSearch::LastTricks(CardSet lead, CardSet follow, int points) const {
+    if (CardsIn(lead) == 1) {
+        return FollowerTakesTrick(FirstCard(lead), FirstCard(follow), trumpSuit_) ? 0 : points;
+    }
+    int best = 0;
+    for (CardSet leads = lead; leads != kNoCards;) {
+        const int led = PopCard(leads);
+        const CardSet leadRest = lead & ~CardBit(led);
+        int worst = points;
+        for (CardSet answers = RoundTwoLegalCards(follow, led, trumpSuit_); answers != kNoCards;) {
+            const int answer = PopCard(answers);
+            const CardSet followRest = follow & ~CardBit(answer);
+            const int trick = CardPointsOf(led) + CardPointsOf(answer);
+            const int after = points - trick;
+            worst = std::min(worst, FollowerTakesTrick(led, answer, trumpSuit_)
+                                        ? after - LastTricks(followRest, leadRest, after)
+                                        : trick + LastTricks(leadRest, followRest, after));
+        }
+        best = std::max(best, worst);
+    }
+    return best;
+}
+
 int RoundTwoSearch::Follow(CardSet lead, CardSet follow, int ledCard, int points, int alpha,
                            int beta) {
     ++nodes_;
     Tries tries;
-    for (CardSet cards = OneOfEachCopy(RoundTwoLegalCards(follow, ledCard, trumpSuit_));
-         cards != kNoCards;) {
+    for (CardSet cards = AnswersToTry(lead, follow, ledCard, trumpSuit_); cards != kNoCards;) {
         const int card = PopCard(cards);
         tries.Add(FollowerTakesTrick(ledCard, card, trumpSuit_) ? 100 + CardPointsOf(card)
                                                                 : 50 - CardPointsOf(card),

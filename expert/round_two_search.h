@@ -70,6 +70,7 @@ private:
     // Points the leader takes from a trick's start; points is what the two
     // hands hold between them.
     int Lead(CardSet lead, CardSet follow, int points, int alpha, int beta);
+    int LastTricks(CardSet lead, CardSet follow, int points) const;
     // Points the follower takes, the card led counted in points.
     int Follow(CardSet lead, CardSet follow, int ledCard, int points, int alpha, int beta);
     // The value of one card for the side to move, searched within (alpha, beta).
