@@ -160,7 +160,9 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     ++nodes_;
     if (lead == kNoCards) return 0;
     MergeCopies(lead, follow);
-    if (CardsIn(lead) <= 2) return LastTricks(lead, follow, points);
+    if (const CardSet rest = lead & (lead - 1); (rest & (rest - 1)) == kNoCards) {
+        return LastTricks(lead, follow, points);
+    }
     const CardSet leadKey = lead | (CardSet(trumpSuit_) << CardCount);
     Entry& entry = Slot(leadKey, follow);
     int lower = 0, upper = points, hint = 0;
@@ -209,7 +211,7 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
 
 // The last trick or two, played out without the table.
 int RoundTwoSearch::LastTricks(CardSet lead, CardSet follow, int points) const {
-    if (CardsIn(lead) == 1) {
+    if ((lead & (lead - 1)) == kNoCards) {
         return FollowerTakesTrick(FirstCard(lead), FirstCard(follow), trumpSuit_) ? 0 : points;
     }
     int best = 0;
