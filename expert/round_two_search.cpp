@@ -26,16 +26,13 @@ CardSet OneOfEachCopy(CardSet cards) {
     return cards & ~(twins << 1);
 }
 
-// Which copy of a card a hand holds does not matter, so a position is kept
-// in one form: the leader holds the first copy wherever each hand holds one,
-// and a lone copy anywhere is the first.
-void MergeCopies(CardSet& lead, CardSet& follow) {
-    const CardSet lead1 = lead & kFirstCopies, lead2 = (lead >> 1) & kFirstCopies;
-    const CardSet follow1 = follow & kFirstCopies, follow2 = (follow >> 1) & kFirstCopies;
-    const CardSet leadBoth = lead1 & lead2, leadOne = lead1 ^ lead2;
-    const CardSet followBoth = follow1 & follow2, followOne = follow1 ^ follow2;
-    lead = leadBoth | (leadBoth << 1) | leadOne;
-    follow = followBoth | (followBoth << 1) | (followOne & ~leadOne) | ((followOne & leadOne) << 1);
+// Which copy of a card a hand holds does not matter, so a hand is kept in
+// one form: a lone copy is always the first. (The hands are apart, so both
+// may hold the first copy of one card.)
+CardSet FirstCopiesFirst(CardSet hand) {
+    const CardSet first = hand & kFirstCopies, second = (hand >> 1) & kFirstCopies;
+    const CardSet both = first & second;
+    return both | (both << 1) | (first ^ second);
 }
 
 // The cards of a suit that rank above a card: they lie before it.
@@ -106,7 +103,7 @@ CardSet AnswersToTry(CardSet lead, CardSet follow, int ledCard, int trumpSuit) {
 
 // Cards in the order they are tried; the best card of the table first.
 struct Tries {
-    std::array<std::pair<int, int>, 24> cards;  // rank for the order, card
+    std::array<std::pair<int, int>, 12> cards;  // rank for the order, card
     int count = 0;
 
     void Add(int rank, int card) {
@@ -159,7 +156,8 @@ RoundTwoSearch::Entry& RoundTwoSearch::Slot(CardSet leadKey, CardSet follow) {
 int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, int beta) {
     ++nodes_;
     if (lead == kNoCards) return 0;
-    MergeCopies(lead, follow);
+    lead = FirstCopiesFirst(lead);
+    follow = FirstCopiesFirst(follow);
     if (const CardSet rest = lead & (lead - 1); (rest & (rest - 1)) == kNoCards) {
         return LastTricks(lead, follow, points);
     }
