@@ -274,6 +274,20 @@ int RoundTwoSearch::CardValue(const RoundTwoPosition& position, int card, int po
 
 namespace {
 
+// A value between 0 and points found by tests of one point's width, each
+// telling on which side of a bound the value lies, starting at a guess; the
+// table keeps what each test found for the next.
+template <typename Search>
+int Exact(int points, int guess, Search search) {
+    int lower = 0, upper = points;
+    while (lower < upper) {
+        const int bound = guess == lower ? guess + 1 : guess;
+        guess = search(bound - 1, bound);
+        (guess < bound ? upper : lower) = guess;
+    }
+    return guess;
+}
+
 int PointsInPlay(const RoundTwoPosition& position) {
     return PointsIn(position.hands[0] | position.hands[1]) +
            (position.ledCard != 0 ? CardPointsOf(position.ledCard) : 0);
@@ -291,21 +305,28 @@ int RoundTwoSearch::Value(const RoundTwoPosition& position) {
     const int points = PointsInPlay(position);
     const CardSet own = position.hands[position.toMove];
     const CardSet other = position.hands[1 - position.toMove];
-    return position.ledCard == 0 ? Lead(own, other, points, -1, points + 1)
-                                 : Follow(other, own, position.ledCard, points, -1, points + 1);
+    return Exact(points, points / 2, [&](int alpha, int beta) {
+        return position.ledCard == 0 ? Lead(own, other, points, alpha, beta)
+                                     : Follow(other, own, position.ledCard, points, alpha, beta);
+    });
 }
 
 CardValues RoundTwoSearch::ValuesOfCards(const RoundTwoPosition& position) {
     const int points = PointsInPlay(position);
     CardValues values;
     values.cards = LegalForMover(position);
+    int guess = points / 2;
     for (CardSet cards = values.cards; cards != kNoCards;) {
         const int card = PopCard(cards);
         // The second copy of a card is worth what the first is.
-        const bool twin = card % 2 == 0 && Holds(values.cards, card - 1);
-        values.points[card] =
-            twin ? values.points[card - 1]
-                 : static_cast<std::int16_t>(CardValue(position, card, points, -1, points + 1));
+        if (card % 2 == 0 && Holds(values.cards, card - 1)) {
+            values.points[card] = values.points[card - 1];
+            continue;
+        }
+        guess = Exact(points, guess, [&](int alpha, int beta) {
+            return CardValue(position, card, points, alpha, beta);
+        });
+        values.points[card] = static_cast<std::int16_t>(guess);
     }
     return values;
 }
