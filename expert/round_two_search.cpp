@@ -176,10 +176,9 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     Tries tries;
     for (CardSet cards = LeadsToTry(lead, follow, trumpSuit_); cards != kNoCards;) {
         const int card = PopCard(cards);
-        const CardSet answers = follow & SuitCards(SuitOf(card));
-        const bool beaten = answers != kNoCards
-                                ? (answers & HigherInSuit(card)) != kNoCards
-                                : SuitOf(card) != trumpSuit_ && (follow & SuitCards(trumpSuit_));
+        // Cash the cards that cannot be beaten, dearest first; then lose the
+        // cheapest.
+        const bool beaten = Beaters(card, follow, trumpSuit_) != kNoCards;
         const int order = card == hint ? 1000
                           : beaten     ? 50 - CardPointsOf(card)
                                        : 100 + CardPointsOf(card);
@@ -237,6 +236,7 @@ int RoundTwoSearch::Follow(CardSet lead, CardSet follow, int ledCard, int points
     Tries tries;
     for (CardSet cards = AnswersToTry(lead, follow, ledCard, trumpSuit_); cards != kNoCards;) {
         const int card = PopCard(cards);
+        // Take the trick with the dearest card; else give the cheapest.
         tries.Add(FollowerTakesTrick(ledCard, card, trumpSuit_) ? 100 + CardPointsOf(card)
                                                                 : 50 - CardPointsOf(card),
                   card);
