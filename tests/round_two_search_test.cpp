@@ -36,43 +36,29 @@ expert::RoundTwoPosition RandomEnding(std::mt19937& random, int most, int suits)
     return position;
 }
 
+int EveryLine(CardSet own, CardSet other, int ledCard, int trumpSuit);
+
+// What the side to move takes when it plays this card and every line after
+// it is tried.
+int AfterCard(CardSet own, CardSet other, int ledCard, int card, int trumpSuit) {
+    const CardSet rest = own & ~expert::CardBit(card);
+    if (ledCard == 0)
+        return expert::PointsIn(own | other) - EveryLine(other, rest, card, trumpSuit);
+    const int trick = expert::CardPointsOf(ledCard) + expert::CardPointsOf(card);
+    return expert::FollowerTakesTrick(ledCard, card, trumpSuit)
+               ? trick + EveryLine(rest, other, 0, trumpSuit)
+               : expert::PointsIn(rest | other) - EveryLine(other, rest, 0, trumpSuit);
+}
+
 // Every line of play, no pruning and no table: the points the side to move
 // takes, the card led counted.
 int EveryLine(CardSet own, CardSet other, int ledCard, int trumpSuit) {
     if (own == 0) return 0;
     int best = -1;
     for (CardSet cards = expert::RoundTwoLegalCards(own, ledCard, trumpSuit); cards != 0;) {
-        const int card = expert::PopCard(cards);
-        const CardSet rest = own & ~expert::CardBit(card);
-        int value;
-        if (ledCard == 0) {
-            value = expert::PointsIn(own | other) - EveryLine(other, rest, card, trumpSuit);
-        } else {
-            const int trick = expert::CardPointsOf(ledCard) + expert::CardPointsOf(card);
-            const int after = expert::PointsIn(rest | other);
-            value = expert::FollowerTakesTrick(ledCard, card, trumpSuit)
-                        ? trick + EveryLine(rest, other, 0, trumpSuit)
-                        : after - EveryLine(other, rest, 0, trumpSuit);
-        }
-        best = std::max(best, value);
+        best = std::max(best, AfterCard(own, other, ledCard, expert::PopCard(cards), trumpSuit));
     }
     return best;
-}
-
-int EveryLineAfter(const expert::RoundTwoPosition& p, int card) {
-    expert::RoundTwoPosition after = p;
-    after.hands[p.toMove] &= ~expert::CardBit(card);
-    if (p.ledCard == 0) {
-        after.toMove = 1 - p.toMove;
-        after.ledCard = card;
-        return expert::PointsIn(p.hands[0] | p.hands[1]) -
-               EveryLine(after.hands[after.toMove], after.hands[p.toMove], card, p.trumpSuit);
-    }
-    const int trick = expert::CardPointsOf(p.ledCard) + expert::CardPointsOf(card);
-    const CardSet own = after.hands[p.toMove], other = after.hands[1 - p.toMove];
-    return expert::FollowerTakesTrick(p.ledCard, card, p.trumpSuit)
-               ? trick + EveryLine(own, other, 0, p.trumpSuit)
-               : expert::PointsIn(own | other) - EveryLine(other, own, 0, p.trumpSuit);
 }
 
 // One search object answers thousands of endings in turn, its table kept
@@ -94,7 +80,8 @@ TEST(RoundTwoSearch, ValuesAndBestCardsEqualThoseOfEveryLineOfPlay) {
             ASSERT_EQ(values.cards, expert::RoundTwoLegalCards(own, p.ledCard, p.trumpSuit));
             for (CardSet cards = values.cards; cards != 0;) {
                 const int card = expert::PopCard(cards);
-                ASSERT_EQ(values.points[card], EveryLineAfter(p, card)) << deal << " " << card;
+                ASSERT_EQ(values.points[card], AfterCard(own, other, p.ledCard, card, p.trumpSuit))
+                    << deal << " " << card;
             }
             const int best = search.BestCard(p);
             ASSERT_TRUE(expert::Holds(values.cards, best)) << deal;
