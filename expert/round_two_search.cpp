@@ -333,21 +333,19 @@ CardValues RoundTwoSearch::ValuesOfCards(const RoundTwoPosition& position) {
 
 int RoundTwoSearch::BestCard(const RoundTwoPosition& position) {
     const int points = PointsInPlay(position);
-    // Cheapest first, so that a later card must do strictly better to be taken.
+    const int best = Value(position);
+    // The first card, cheapest first, that reaches the best value; when all
+    // but the last fall short, the last does.
     Tries tries;
     for (CardSet cards = OneOfEachCopy(LegalForMover(position)); cards != kNoCards;) {
         const int card = PopCard(cards);
         tries.Add(-CardPointsOf(card) * 64 - card, card);
     }
-    int bestCard = tries.cards[0].second;
-    int best = CardValue(position, bestCard, points, -1, points + 1);
-    for (int i = 1; i < tries.count; ++i) {
+    for (int i = 0; i + 1 < tries.count; ++i) {
         const int card = tries.cards[i].second;
-        if (CardValue(position, card, points, best, best + 1) <= best) continue;
-        best = CardValue(position, card, points, best, points + 1);
-        bestCard = card;
+        if (CardValue(position, card, points, best - 1, best) >= best) return card;
     }
-    return bestCard;
+    return tries.cards[tries.count - 1].second;
 }
 
 }  // namespace trickhaven::expert
