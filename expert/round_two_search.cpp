@@ -55,6 +55,12 @@ constexpr int LastCard(CardSet set) {
 // Cards of one suit in one hand with no card of the other between them (nor
 // one of their ranks) do alike against everything the other hand holds: only
 // their points differ. Calls visit with each such run of cards.
+//
+// Two cards of a run can trade places between this trick and a later one
+// without changing who takes either trick; playing the dearer now moves the
+// difference of their points into this trick. That never costs when this
+// trick is taken and never pays when it is lost, so one card of the run
+// stands for all wherever it is known who takes the trick.
 template <typename Visit>
 void ForEachRun(CardSet cards, CardSet other, Visit visit) {
     while (cards != kNoCards) {

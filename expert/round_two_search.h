@@ -22,6 +22,7 @@ bool FollowerTakesTrick(int ledCard, int followCard, int trumpSuit);
 // Points of a card in a trick: Ace 11, Ten 10, King 4, Queen 3, Jack 2, Nine 0.
 int CardPointsOf(int card);
 
+// The trick points of a set of cards.
 int PointsIn(CardSet cards);
 
 struct RoundTwoPosition {
@@ -44,7 +45,7 @@ struct CardValues {
 // them all.
 class RoundTwoSearch {
 public:
-    // The table holds 2^tableBits positions.
+    // The table holds 2^tableBits positions of 24 bytes each: 1.5 MB by default.
     explicit RoundTwoSearch(int tableBits = 16);
 
     // The trick points side toMove takes from here under best play of both.
@@ -55,7 +56,7 @@ public:
     int BestCard(const RoundTwoPosition& position);
 
     void Clear();
-    // The positions searched since construction.
+    // The steps searched since construction: each lead and each answer.
     std::int64_t Nodes() const { return nodes_; }
 
 private:
