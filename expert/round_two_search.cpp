@@ -171,9 +171,9 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     Entry& entry = Slot(leadKey, follow);
     int lower = 0, upper = points, hint = 0;
     if (entry.leadKey == leadKey && entry.follow == follow) {
-        lower = entry.lower;
-        upper = entry.upper;
-        hint = entry.bestCard;
+        lower = static_cast<int>(entry.lower);
+        upper = static_cast<int>(entry.upper);
+        hint = static_cast<int>(entry.bestCard);
     }
     if (lower >= beta || lower == upper) return lower;
     if (upper <= alpha) return upper;
@@ -204,11 +204,11 @@ int RoundTwoSearch::Lead(CardSet lead, CardSet follow, int points, int alpha, in
     }
 
     if (entry.leadKey != leadKey || entry.follow != follow) {
-        entry = Entry{leadKey, follow, 0, static_cast<std::int16_t>(points), 0};
+        entry = Entry{leadKey, 0, follow, 0, static_cast<CardSet>(points)};
     }
-    if (best > low) entry.lower = static_cast<std::int16_t>(std::max<int>(entry.lower, best));
-    if (best < high) entry.upper = static_cast<std::int16_t>(std::min<int>(entry.upper, best));
-    entry.bestCard = static_cast<std::int8_t>(bestCard);
+    if (best > low) entry.lower = static_cast<CardSet>(std::max(lower, best));
+    if (best < high) entry.upper = static_cast<CardSet>(std::min(upper, best));
+    entry.bestCard = static_cast<CardSet>(bestCard);
     return best;
 }
 

@@ -45,7 +45,7 @@ struct CardValues {
 // them all.
 class RoundTwoSearch {
 public:
-    // The table holds 2^tableBits positions of 24 bytes each: 1.5 MB by default.
+    // The table holds 2^tableBits positions of 16 bytes each: 1 MB by default.
     explicit RoundTwoSearch(int tableBits = 16);
 
     // The trick points side toMove takes from here under best play of both.
@@ -60,12 +60,13 @@ public:
     std::int64_t Nodes() const { return nodes_; }
 
 private:
+    // Sixteen bytes: hands of 48 cards, points up to 240.
     struct Entry {
-        CardSet leadKey = kNoCards;  // the leader's hand with the trumps above it
-        CardSet follow = kNoCards;
-        std::int16_t lower = 0;
-        std::int16_t upper = 0;
-        std::int8_t bestCard = 0;
+        CardSet leadKey : 56 = kNoCards;  // the leader's hand with the trumps above it
+        CardSet bestCard : 8 = 0;
+        CardSet follow : 48 = kNoCards;
+        CardSet lower : 8 = 0;
+        CardSet upper : 8 = 0;
     };
 
     // Points the leader takes from a trick's start; points is what the two
