@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "headless/headless_game.h"
+#include "round_one/card_click.h"
 #include "headless/headless_keys.h"
 #include "tests/meld_fixtures.h"
 
@@ -57,31 +59,38 @@ TEST(HandChain, HoldsTheHandsShownFacesInRowOrderThenTheMeldRowsTopRowFirst) {
 }
 
 // The focus after the hand changed, from a chain of five with the focus on
-// the card at `position`.
-TEST(HandFocus, StaysOnItsCardWhileItIsThereElseTakesTheCardNowInItsPlace) {
+// the card at `position`, walked there by keys or not.
+TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFirstCard) {
     struct Case {
         const char* what;
+        bool walked;
         std::vector<int> after;
         std::size_t position;
         int card;  // the focus after
     };
     const std::vector<int> before{1, 3, 5, 7, 9};
     const Case cases[] = {
-        {"the focused card played", {1, 3, 7, 9}, 2, 7},
-        {"the last card played", {1, 3, 5, 7}, 4, 7},
-        {"a card drawn before it", {2, 1, 3, 5, 7, 9}, 2, 5},
-        {"the hand sorted", {9, 7, 5, 3, 1}, 0, 1},
-        {"a new deal", {11, 13}, 3, 13},
-        {"the hand gone", {}, 1, 0},
+        {"the focused card played", true, {1, 3, 7, 9}, 2, 7},
+        {"the last card played", true, {1, 3, 5, 7}, 4, 7},
+        {"a card drawn before it", true, {2, 1, 3, 5, 7, 9}, 2, 5},
+        {"the hand sorted", true, {9, 7, 5, 3, 1}, 0, 1},
+        {"the hand sorted before a key", false, {9, 7, 5, 3, 1}, 2, 9},
+        {"a card drawn before a key", false, {2, 1, 3, 5, 7, 9}, 0, 2},
+        {"the hand gone", true, {}, 1, 0},
     };
     for (const Case& c : cases) {
-        HandFocus focus{before[c.position], c.position};
+        HandFocus focus{before[c.position], c.position, c.walked};
         FollowHand(focus, c.after);
         EXPECT_EQ(focus.card, c.card) << c.what;
         if (focus.card != 0) {
             EXPECT_EQ(c.after[focus.position], focus.card) << c.what;
         }
     }
+    // The next deal starts again from its first card.
+    HandFocus focus{9, 4, true};
+    FollowHand(focus, {});
+    FollowHand(focus, {11, 13, 15});
+    EXPECT_EQ(focus.card, 11);
 }
 
 TEST(HandFocus, ArrowsStepWithoutWrappingAndHomeAndEndGoToTheEnds) {
@@ -94,7 +103,7 @@ TEST(HandFocus, ArrowsStepWithoutWrappingAndHomeAndEndGoToTheEnds) {
     const Case cases[] = {{0, K::Left, 4}, {0, K::Right, 8}, {3, K::Right, 16}, {2, K::Left, 8},
                           {2, K::Home, 4}, {1, K::End, 16},  {1, K::Enter, 8}};
     for (const Case& c : cases) {
-        HandFocus focus{chain[c.from], c.from};
+        HandFocus focus{chain[c.from], c.from, true};
         MoveHandFocus(focus, chain, c.key);
         EXPECT_EQ(focus.card, c.to) << c.from << " " << static_cast<int>(c.key);
     }
@@ -128,13 +137,70 @@ TEST(TableKeys, EnterAndSpaceClickWhatHasTheFocusAndKKnocksOnlyWhileKnockShows) 
     EXPECT_FALSE(press(K::Knock));
     t.hg.table.SetControlVisible(TableControl::LblKnock, true);
     EXPECT_EQ(press(K::Knock), TableEvent{E::KnockClick});
-    t.hg.table.SetControlVisible(TableControl::FramMarriage, true);
-    for (const TableKey key : {K::Tab, K::Tab, K::Tab}) press(key);
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::MarriageClick, Clubs}));
+}
+
+// Each panel that comes up takes the focus on its first button, and Escape
+// is the offer's "Cancel and Take Card" or the reminder's O.K; once a panel
+// goes, the focus is back on the card it left.
+TEST(TableKeys, APanelTakesTheFocusOnItsFirstButtonAndEscapeCancelsTheOfferOrClosesTheReminder) {
+    KeysTable t;
+    t.Lay(KD, 4000, 10080);
+    t.Lay(AD, 2500, 10080);
+    TableFocus focus;
+    auto press = [&](TableKey key) {
+        return PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+    };
     EXPECT_FALSE(press(K::Escape));
-    // The panel goes: the focus is back with the hand, on its card.
-    t.hg.table.SetControlVisible(TableControl::FramMarriage, false);
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::CardClick, KD}));
+    press(K::Right);
+    struct Step {
+        TableControl panel;
+        bool up;
+        std::vector<TableKey> keys;
+        std::optional<TableEvent> click;
+    };
+    const Step steps[] = {
+        {TableControl::FramDeclare, true, {K::Enter}, TableEvent{E::DoublePinochleClick}},
+        {TableControl::FramDeclare, true, {K::Tab, K::Escape}, TableEvent{E::CancelClick}},
+        {TableControl::FramDeclare, false, {}, std::nullopt},
+        {TableControl::FramMarriage, true, {K::Space}, TableEvent{E::MarriageClick, Diamonds}},
+        {TableControl::FramMarriage, true, {K::Escape}, std::nullopt},
+        {TableControl::FramMarriage, false, {}, std::nullopt},
+        {TableControl::FramDeclare, true, {K::Tab, K::Enter}, TableEvent{E::PinochleClick}},
+        {TableControl::FramMeldHelp, true, {K::Enter}, TableEvent{E::ReminderOkClick}},
+        {TableControl::FramMeldHelp, true, {K::Escape}, TableEvent{E::ReminderOkClick}},
+        {TableControl::FramMeldHelp, false, {}, std::nullopt},
+        {TableControl::FramDeclare, false, {K::Enter}, TableEvent{E::CardClick, KD}},
+    };
+    for (const Step& step : steps) {
+        SCOPED_TRACE(ControlName(step.panel) + std::string(step.up ? " up" : " gone"));
+        t.hg.table.SetControlVisible(step.panel, step.up);
+        std::optional<TableEvent> click;
+        for (const TableKey key : step.keys) click = press(key);
+        EXPECT_EQ(click, step.click);
+    }
+}
+
+// After each deal the focus is on the first card of the sorted hand, even
+// when the keys had walked to the last card of the hand before.
+TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
+    HeadlessGame hg(5);
+    HeadlessKeyboard& keys = hg.platform.keyboard;
+    std::vector<std::pair<int, int>> focusAndFirst;
+    hg.platform.script.push_back({E::MenuNewGame});
+    hg.platform.keys.push_back({K::Knock});  // no knock yet: the keys are only in use
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        if (!CardAwaited(g)) return std::nullopt;
+        focusAndFirst.emplace_back(keys.Focus().hand.card, HandChain(g, SightOf(hg.table)).front());
+        if (focusAndFirst.size() == 2) throw ScenarioOver{};
+        keys.Press(g, hg.table, {K::End});
+        return TableEvent{E::MenuNewGame};
+    };
+    hg.table.answerDeluxe = [](const MessageRecord& m) {
+        return m.buttons[1] == "Yes New Game" ? 1 : 0;
+    };
+    ASSERT_TRUE(hg.Run());
+    ASSERT_EQ(focusAndFirst.size(), 2U);
+    for (const auto& [focused, first] : focusAndFirst) EXPECT_EQ(focused, first);
 }
 
 TEST(MessageKeys, EachKeyClicksTheButtonItStandsForInEveryChoiceOfTheGame) {
