@@ -37,6 +37,8 @@ std::optional<TableKey> KeyOfTable(const QKeyEvent& key) {
             return TableKey::BackTab;
         case Qt::Key_K:
             return TableKey::Knock;
+        case Qt::Key_Escape:
+            return TableKey::Escape;
         default:
             return std::nullopt;
     }
@@ -143,6 +145,10 @@ void TableKeyboard::Refresh() {
     if (focus_.stop == TableStop::Hand && inHand && focus_.hand.card != 0 &&
         focused != StopWidget(TableStop::Hand)) {
         StopWidget(TableStop::Hand)->setFocus(Qt::OtherFocusReason);
+    }
+    // A panel that came up has taken the focus.
+    if (focus_.stop != TableStop::Hand && focused != StopWidget(focus_.stop)) {
+        StopWidget(focus_.stop)->setFocus(Qt::OtherFocusReason);
     }
     PlaceRing();
 }

@@ -92,18 +92,22 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheR
     EXPECT_EQ(log.events, (std::vector<TableEvent>(4, {E::CardClick, 3})));
 }
 
-// Enter or Space on each stop of Tab's round gives the click the mouse
-// gives it; a button shows its focus to the keyboard, not after the mouse.
-TEST_F(TableKeysTest, TabGoesRoundTheShownControlsInOrderAndEachKeyClicksAsTheMouseDoes) {
+// A panel that comes up takes the focus on its first button; Enter or Space
+// on each stop of Tab's round gives the click the mouse gives it, and
+// Escape the offer's Cancel; a button shows its focus to the keyboard, not
+// after the mouse.
+TEST_F(TableKeysTest, PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouseDoes) {
     Deal({25, 3});
-    for (const TableControl shown : {TableControl::CmdSort, TableControl::LblKnock,
-                                     TableControl::FramDeclare, TableControl::FramMarriage}) {
-        table.SetControlVisible(shown, true);
-    }
-    QApplication::processEvents();
     QWidget* sort = FindControl(table, "CmdSort");
+    for (const auto& [shown, first] : {std::pair{TableControl::CmdSort, "PicCard25"},
+                                       std::pair{TableControl::LblKnock, "PicCard25"},
+                                       std::pair{TableControl::FramDeclare, "CmdDBezique"},
+                                       std::pair{TableControl::FramMarriage, "CmdMarriage1"}}) {
+        table.SetControlVisible(shown, true);
+        QApplication::processEvents();
+        EXPECT_EQ(Focused()->objectName(), first);
+    }
     const QImage designed = sort->grab().toImage();
-    Press(Qt::Key_Home, Picture(3));
     std::vector<QString> round;
     for (std::size_t step = 0; step < 17; ++step) {
         Press(Qt::Key_Tab);
@@ -117,13 +121,15 @@ TEST_F(TableKeysTest, TabGoesRoundTheShownControlsInOrderAndEachKeyClicksAsTheMo
         ASSERT_EQ(log.events.size(), 2 * step + 2) << round.back().toStdString();
         EXPECT_TRUE(log.events[2 * step] == log.events[2 * step + 1]) << round.back().toStdString();
     }
-    EXPECT_EQ(round, (std::vector<QString>{"CmdSort", "LblKnock", "CmdDBezique", "CmdBezique",
-                                           "CmdSequence", "CmdFours3", "CmdFours0", "CmdFours1",
-                                           "CmdFours2", "cmdDec7Trumps", "CmdMakeMarriage4",
-                                           "CmdCancel", "CmdMarriage1", "CmdMarriage2",
-                                           "CmdMarriage3", "CmdMarriage4", "PicCard25"}));
+    EXPECT_EQ(round, (std::vector<QString>{"CmdMarriage2", "CmdMarriage3", "CmdMarriage4",
+                                           "PicCard25", "CmdSort", "LblKnock", "CmdDBezique",
+                                           "CmdBezique", "CmdSequence", "CmdFours3", "CmdFours0",
+                                           "CmdFours1", "CmdFours2", "cmdDec7Trumps",
+                                           "CmdMakeMarriage4", "CmdCancel", "CmdMarriage1"}));
     Press(Qt::Key_K);
     EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(log.events.back() == TableEvent{E::CancelClick});
 }
 
 TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOneOutOfPlay) {
