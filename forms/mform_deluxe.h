@@ -20,6 +20,9 @@ namespace trickhaven {
 
 class MFormDeluxe : public QDialog {
     Q_OBJECT
+    friend class DeluxeAccessible;
+    friend class DeluxeButtonAccessible;
+
 public:
     explicit MFormDeluxe(QWidget* parent = nullptr);
     ~MFormDeluxe() override;

@@ -145,6 +145,13 @@ void PinochleTable::Speak() {
     }
 }
 
+// A screen reader reads a message as it takes the focus: its title, its
+// text and the focused button. What happened before it is told first, so
+// that the box does not cut it short.
+void PinochleTable::TellBeforeMessage() {
+    if (talk_) Speak();
+}
+
 void PinochleTable::TellCardStandings() {
     for (int card = 1; card <= CardCount; ++card) {
         const CardStanding now = Card(card).Standing();
@@ -381,24 +388,24 @@ void PinochleTable::SetTitle(const std::string& text) {
 int PinochleTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
                                      const std::string& button1, const std::string& button2,
                                      int icon, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, message);
+    TellBeforeMessage();
     return deluxe_.Run(FromGame(message), FromGame(button0), FromGame(button1), FromGame(button2),
                        icon, FromGame(title));
 }
 
 void PinochleTable::ShowPlainMessage(const std::string& message, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, message);
+    TellBeforeMessage();
     QMessageBox::information(this, FromGame(title), FromGame(message), QMessageBox::Ok);
 }
 
 bool PinochleTable::AskQuestion(const std::string& question, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, question);
+    TellBeforeMessage();
     return QMessageBox::question(this, FromGame(title), FromGame(question),
                                  QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::string PinochleTable::AskInput(const std::string& prompt, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, prompt);
+    TellBeforeMessage();
     bool accepted = false;
     const QString text = QInputDialog::getText(this, FromGame(title), FromGame(prompt),
                                                QLineEdit::Normal, QString(), &accepted);

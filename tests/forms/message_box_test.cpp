@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
@@ -147,6 +150,37 @@ TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
     PrepareShort("Exit");
     EXPECT_EQ(caption->geometry(), raised);
     EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kFace);
+}
+
+// A screen reader finds a dialog named by the title, its text, and each
+// shown button as a push button named by its caption; the first button
+// has the focus as the box opens, Tab moves it, and a press clicks.
+TEST_F(MessageBoxTest, TheBoxReadsAsADialogWithItsTextAndItsButtonsAndTheFirstHasTheFocus) {
+    form.Prepare("Do you wish to leave?", "No Continue", "Yes &New Game", {}, 2,
+                 " Leave this game?");
+    form.show();
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(&form);
+    EXPECT_EQ(std::tuple(box->role(), box->text(QAccessible::Name)),
+              std::tuple(QAccessible::Dialog, QString("Leave this game?")));
+    using Row = std::tuple<QAccessible::Role, QString, int, bool>;  // children, focused
+    std::vector<Row> read;
+    for (int i = 0; i < box->childCount(); ++i) {
+        QAccessibleInterface* child = box->child(i);
+        EXPECT_EQ(box->indexOfChild(child), i);
+        read.emplace_back(child->role(), child->text(QAccessible::Name), child->childCount(),
+                          child->state().focused);
+    }
+    EXPECT_EQ(read, (std::vector<Row>{{QAccessible::StaticText, "Do you wish to leave?", 0, false},
+                                      {QAccessible::PushButton, "No Continue", 0, true},
+                                      {QAccessible::PushButton, "Yes New Game", 0, false}}));
+    QTest::keyClick(&form, Qt::Key_Tab);
+    EXPECT_TRUE(Button(1)->hasFocus());
+    EXPECT_TRUE(box->child(2)->state().focused);
+    box->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Choice(), 1);
 }
 
 }  // namespace
