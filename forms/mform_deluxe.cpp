@@ -1,12 +1,14 @@
 #include "forms/mform_deluxe.h"
 
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -467,6 +469,31 @@ void MFormDeluxe::ShowKeyFocus() {
 
 void MFormDeluxe::closeEvent(QCloseEvent* event) {
     event->ignore();
+}
+
+// The box takes the keyboard as it opens. A window manager may give the
+// focus elsewhere (to the table, as the box before this one closed, or
+// while keys were pressed there), and the table takes no key while the box
+// is up: any other window of the game that gets the focus hands it back.
+void MFormDeluxe::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    keepsKeyboard_ = connect(qApp, &QGuiApplication::focusWindowChanged, this,
+                             [this](QWindow* focused) {
+                                 if (focused != nullptr && focused != windowHandle()) {
+                                     TakeKeyboard();
+                                 }
+                             });
+    TakeKeyboard();
+}
+
+void MFormDeluxe::hideEvent(QHideEvent* event) {
+    disconnect(keepsKeyboard_);
+    QDialog::hideEvent(event);
+}
+
+void MFormDeluxe::TakeKeyboard() {
+    raise();
+    activateWindow();
 }
 
 void MFormDeluxe::paintEvent(QPaintEvent* /*event*/) {

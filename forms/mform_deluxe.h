@@ -59,6 +59,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -78,6 +80,7 @@ private:
     void Click(int index);
     void PressKey(KeyPress key);
     void ShowKeyFocus();
+    void TakeKeyboard();
 
     QLabel* label3_;
     QLabel* label2_;
@@ -92,6 +95,7 @@ private:
     int choice_ = 0;
     MessageFocus keyFocus_;
     bool keyboardUsed_ = false;
+    QMetaObject::Connection keepsKeyboard_;
 };
 
 }  // namespace trickhaven

@@ -96,6 +96,9 @@ PinochleTable::PinochleTable(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     auto* scaler = new TableScaler(surface_, client);
+    // The view holds the focus for a moment as the window comes up, before
+    // it passes to a card or a button.
+    scaler->setAccessibleName("Card table");
     layout->addWidget(scaler, 1);
     keyboard_ = new TableKeyboard(
         *surface_, *scaler, cards_, [this](const char* name) { return Control(name); },
@@ -168,7 +171,7 @@ void PinochleTable::TellCardStandings() {
             QAccessible::updateAccessibility(&made);
         }
         was = now;
-        QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
+        QAccessibleEvent changed(&Card(card), QAccessible::NameChanged);
         QAccessible::updateAccessibility(&changed);
     }
 }

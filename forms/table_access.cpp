@@ -22,12 +22,16 @@ public:
         return Standing().playersCard ? QAccessible::PushButton : QAccessible::Graphic;
     }
 
+    // A card that cannot be played says so in its name as well: a screen
+    // reader speaks the new name of the focused card at once, where it
+    // would miss the change of its description.
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Description) {
-            const CardStanding standing = Standing();
-            return standing.playersCard && !standing.playable ? kCannotPlay : QString();
-        }
-        return QAccessibleWidget::text(kind);
+        const CardStanding standing = Standing();
+        const bool cannotPlay = standing.playersCard && !standing.playable;
+        if (kind == QAccessible::Description) return cannotPlay ? kCannotPlay : QString();
+        const QString text = QAccessibleWidget::text(kind);
+        if (kind == QAccessible::Name && cannotPlay) return text + QStringLiteral(", ") + kCannotPlay;
+        return text;
     }
 
     QStringList actionNames() const override {

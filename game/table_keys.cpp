@@ -87,12 +87,12 @@ std::vector<int> HandChain(const Game& g, const TableSight& sight) {
     return chain;
 }
 
-void FollowHand(HandFocus& focus, const std::vector<int>& chain) {
+void FollowHand(HandFocus& focus, const std::vector<int>& chain, bool dealt) {
     if (chain.empty()) {
         focus = {};
         return;
     }
-    if (!focus.walked) {
+    if (!focus.walked && dealt) {
         focus.position = 0;
         focus.card = chain.front();
         return;
@@ -158,7 +158,9 @@ TableStop NextStop(const TableView& view, TableStop from, bool forward, bool han
 namespace {
 
 bool FollowTable(TableFocus& focus, const Game& g, const std::vector<int>& chain) {
-    FollowHand(focus.hand, chain);
+    // A screen reader speaks each move of the focus: it does not go along
+    // with every card the deal brings.
+    FollowHand(focus.hand, chain, g.RoundOneOn || g.RoundTwoOn);
     for (std::size_t i = 0; i < kPanels.size(); ++i) {
         const bool up = g.view.IsControlVisible(kPanels.at(i).panel);
         if (up && !focus.panelsUp.at(i)) focus.stop = kPanels.at(i).first;

@@ -62,10 +62,10 @@ struct HandFocus {
 
 // After the hand changed (a card played, drawn, sorted or melded): the
 // focused card keeps the focus while it is in the chain; else the card now
-// at its position, else the last one. A hand that comes in where there was
-// none (a deal), and a hand no key has walked yet, has the focus on its
-// first card, however the cards are sorted.
-void FollowHand(HandFocus& focus, const std::vector<int>& chain);
+// at its position, else the last one. A hand that no key has walked since
+// it came in has the focus on its first card, however the cards are sorted,
+// once it is dealt; while its cards are coming in, the focus stays put.
+void FollowHand(HandFocus& focus, const std::vector<int>& chain, bool dealt = true);
 
 // Left and Right step without wrapping; Home and End go to the ends. False
 // for other keys.

@@ -86,9 +86,13 @@ TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFi
             EXPECT_EQ(c.after[focus.position], focus.card) << c.what;
         }
     }
-    // The next deal starts again from its first card.
+    // The next deal keeps to the card that came first while it deals, and
+    // starts from its first card once dealt.
     HandFocus focus{9, 4, true};
     FollowHand(focus, {});
+    FollowHand(focus, {13}, false);
+    FollowHand(focus, {11, 13, 15}, false);
+    EXPECT_EQ(focus.card, 13);
     FollowHand(focus, {11, 13, 15});
     EXPECT_EQ(focus.card, 11);
 }

@@ -66,7 +66,8 @@ TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlay
     using Row = std::tuple<int, QAccessible::Role, QString, QString, bool>;
     for (const auto& [card, role, name, description, presses] : std::vector<Row>{
              {Queen, QAccessible::PushButton, "Queen of Diamonds", "", true},
-             {Ten, QAccessible::PushButton, "Ten of Diamonds", "cannot be played now", true},
+             {Ten, QAccessible::PushButton, "Ten of Diamonds, cannot be played now",
+              "cannot be played now", true},
              {Robots, QAccessible::Graphic, "card back", "", false},
              {OnTable, QAccessible::Graphic, "King of Hearts", "", false}}) {
         SCOPED_TRACE(card);

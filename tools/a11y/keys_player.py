@@ -82,8 +82,11 @@ class KeysPlayer:
                 self.moves = 0
                 self.press(key, "Tab")
             return False
-        # A meld offer: the player takes his card.
-        self.press(key, "Return" if name.startswith("Cancel and Take Card") else "Tab")
+        # A meld offer opens on its first button; Escape takes the card.
+        if name == "Double Pinochle":
+            self.press(key, "Escape")
+        else:
+            self.press(key, "Return" if name.startswith("Cancel and Take Card") else "Tab")
         return False
 
     def press(self, key, name):

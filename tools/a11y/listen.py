@@ -20,7 +20,8 @@ from gi.repository import GLib
 
 import keys_player
 
-CARD = re.compile(r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)$")
+CARD = re.compile(
+    r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)(, cannot be played now)?$")
 FIGURE = re.compile(
     r"^(.+), (last trick|total tricks|last meld|total melds|total score), (-?\d+)$")
 
