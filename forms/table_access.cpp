@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include "forms/card_picture.h"
+#include "forms/table_widgets.h"
 #include "game/game_state.h"
 #include "round_one/card_click.h"
 
@@ -59,7 +60,21 @@ public:
         : QAccessibleWidget(notice, QAccessible::Notification) {}
 };
 
+// A panel of the table reads as a panel named by the caption in its border.
+class PanelAccessible : public QAccessibleWidget {
+public:
+    explicit PanelAccessible(TablePanel* panel) : QAccessibleWidget(panel, QAccessible::Grouping) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return static_cast<TablePanel*>(widget())->Title();
+        return QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* TableAccessible(const QString&, QObject* object) {
+    if (auto* panel = qobject_cast<TablePanel*>(object)) {
+        return new PanelAccessible(panel);
+    }
     if (auto* card = qobject_cast<CardPicture*>(object)) {
         return new CardAccessible(card);
     }

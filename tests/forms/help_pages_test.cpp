@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
 #include <array>
+#include <tuple>
 
 namespace trickhaven {
 namespace {
@@ -65,6 +69,57 @@ TEST(HelpNavigationTest, ButtonsHideTheirPageAndShowTheNext) {
             EXPECT_EQ(shown && shown->isVisible(), step.up[page]) << "page " << page + 1;
             loaded[page] = loaded[page] ? loaded[page] : shown;
             EXPECT_EQ(shown, loaded[page]) << "page " << page + 1 << " loaded again";
+        }
+    }
+}
+
+// A page reads as a dialog named by its title that says its words and holds
+// its buttons; Escape leaves as its exit button does, Enter and Space press
+// the focused button, which shows its focus once a key was pressed.
+TEST(HelpKeysTest, EscapeLeavesEachPageEnterAndSpacePressTheFocusedButtonWhichShowsItsFocus) {
+    struct Step {
+        int page;
+        const char* focused;  // the button given the focus, or none
+        Qt::Key key;
+        std::array<bool, 3> up;
+    };
+    const Step steps[] = {
+        {1, nullptr, Qt::Key_Escape, {false, false, false}},
+        {1, "CmdGioHelp2", Qt::Key_Return, {false, true, false}},
+        {2, "CmdPage3", Qt::Key_Space, {false, false, true}},
+        {3, nullptr, Qt::Key_Escape, {false, false, false}},
+        {1, "CmdGioHelp2", Qt::Key_Enter, {false, true, false}},
+        {2, nullptr, Qt::Key_Escape, {false, false, false}},
+    };
+    HelpPages help;
+    for (const Step& step : steps) {
+        if (step.page == 1) help.ShowFirstPage();
+        HelpPage* page = help.Page(step.page);
+        SCOPED_TRACE(page->windowTitle().toStdString());
+        ASSERT_TRUE(page->isVisible());
+        QApplication::setActiveWindow(page);
+        QAccessibleInterface* read = QAccessible::queryAccessibleInterface(page);
+        EXPECT_EQ(std::tuple(read->role(), read->text(QAccessible::Name)),
+                  std::tuple(QAccessible::Dialog, page->windowTitle()));
+        EXPECT_TRUE(read->text(QAccessible::Description).startsWith(page->Lines().front().simplified()));
+        const QList<QAbstractButton*> buttons = page->findChildren<QAbstractButton*>();
+        ASSERT_EQ(read->childCount(), buttons.size());
+        for (int i = 0; i < read->childCount(); ++i) {
+            EXPECT_EQ(std::tuple(read->child(i)->role(), read->child(i)->text(QAccessible::Name)),
+                      std::tuple(QAccessible::PushButton, buttons.at(i)->text().remove('&')));
+        }
+        if (step.focused != nullptr) {
+            auto* button = page->findChild<QAbstractButton*>(step.focused);
+            button->setFocus();
+            QTest::mouseClick(page, Qt::LeftButton, {}, QPoint(1, 1));  // the mouse hides it
+            const QImage unfocused = button->grab().toImage();
+            QTest::keyClick(button, Qt::Key_Shift);
+            EXPECT_NE(button->grab().toImage(), unfocused) << "the focus does not show";
+        }
+        QTest::keyClick(page->focusWidget() != nullptr ? page->focusWidget() : page, step.key);
+        for (std::size_t shown = 0; shown < 3; ++shown) {
+            HelpPage* other = help.Page(static_cast<int>(shown) + 1);
+            EXPECT_EQ(other != nullptr && other->isVisible(), step.up[shown]) << shown + 1;
         }
     }
 }

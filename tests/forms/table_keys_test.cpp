@@ -130,6 +130,12 @@ TEST_F(TableKeysTest, PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyCl
     EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
     Press(Qt::Key_Escape);
     EXPECT_TRUE(log.events.back() == TableEvent{E::CancelClick});
+    // The reminder comes up on its O.K, which Escape presses.
+    table.SetControlVisible(TableControl::FramMeldHelp, true);
+    QApplication::processEvents();
+    EXPECT_EQ(Focused()->objectName(), "Command1");
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(log.events.back() == TableEvent{E::ReminderOkClick});
 }
 
 TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOneOutOfPlay) {

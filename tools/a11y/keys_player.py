@@ -57,8 +57,9 @@ class KeysPlayer:
                 self.answered_totals = True
             self.press(key, "Return")
             return False
-        if self.answered_totals:
-            return True
+        if self.hand_over:
+            # Nothing is left to play: only the totals' message is awaited.
+            return self.answered_totals
         focused = listener.focused
         if focused is None:
             self.press(key, "Tab")
