@@ -71,7 +71,7 @@ PinochleTable::PinochleTable(QWidget* parent)
     InstallTableAccessibility();
     // Whether a card plays changes with the turn, which the window is not
     // told of: the cards are looked at whenever the game stops to wait, so
-    // that a screen reader never reads a card's standing from before.
+    // that a screen reader reading a card finds its standing of now.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &PinochleTable::TellCardStandings);
     setObjectName("PinochleTable");
@@ -159,7 +159,7 @@ void PinochleTable::TellCardStandings() {
     for (int card = 1; card <= CardCount; ++card) {
         const CardStanding now = Card(card).Standing();
         CardStanding& was = standings_.at(static_cast<std::size_t>(card));
-        if (now.playersCard == was.playersCard && now.playable == was.playable) continue;
+        if (now.playersCard == was.playersCard && now.CannotPlay() == was.CannotPlay()) continue;
         if (now.playersCard != was.playersCard && QAccessible::isActive()) {
             // A screen reader keeps the role of a card it has read; a card
             // that comes into the hand or leaves it is made anew for it.
@@ -171,7 +171,7 @@ void PinochleTable::TellCardStandings() {
             QAccessible::updateAccessibility(&made);
         }
         was = now;
-        QAccessibleEvent changed(&Card(card), QAccessible::NameChanged);
+        QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&changed);
     }
 }

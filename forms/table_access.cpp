@@ -23,16 +23,11 @@ public:
         return Standing().playersCard ? QAccessible::PushButton : QAccessible::Graphic;
     }
 
-    // A card that cannot be played says so in its name as well: a screen
-    // reader speaks the new name of the focused card at once, where it
-    // would miss the change of its description.
     QString text(QAccessible::Text kind) const override {
-        const CardStanding standing = Standing();
-        const bool cannotPlay = standing.playersCard && !standing.playable;
-        if (kind == QAccessible::Description) return cannotPlay ? kCannotPlay : QString();
-        const QString text = QAccessibleWidget::text(kind);
-        if (kind == QAccessible::Name && cannotPlay) return text + QStringLiteral(", ") + kCannotPlay;
-        return text;
+        if (kind == QAccessible::Description) {
+            return Standing().CannotPlay() ? kCannotPlay : QString();
+        }
+        return QAccessibleWidget::text(kind);
     }
 
     QStringList actionNames() const override {
@@ -88,7 +83,7 @@ QAccessibleInterface* TableAccessible(const QString&, QObject* object) {
 
 CardStanding ReadCard(const Game& g, int card) {
     const CardRec& rec = Card(g, card);
-    return {rec.Place == PlacePlayerHand, ClickWouldPlay(g, card)};
+    return {rec.Place == PlacePlayerHand, ClickWouldPlay(g, card), CardAwaited(g)};
 }
 
 SpokenNotice::SpokenNotice(QWidget* parent) : QWidget(parent) {

@@ -233,6 +233,17 @@ bool TableKeyboard::eventFilter(QObject* watched, QEvent* event) {
             if (TakesKeys(watched) && KeyPressed(*static_cast<QKeyEvent*>(event))) return true;
             break;
         case QEvent::FocusIn:
+            // The view takes the focus as the window comes back (after a
+            // message, say): it goes on to where the keys stand.
+            if (watched == &keyTaker_) {
+                QMetaObject::invokeMethod(
+                    this,
+                    [this] {
+                        Refresh();
+                        GiveFocus();
+                    },
+                    Qt::QueuedConnection);
+            }
             if (TakesKeys(watched)) PlaceRing();
             break;
         default:

@@ -57,17 +57,21 @@ protected:
 };
 
 TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlayed) {
-    constexpr int Queen = 7, Ten = 3, Robots = 20, OnTable = 30;
-    std::map<int, CardStanding> standing{
-        {Queen, {true, true}}, {Ten, {true, false}}, {Robots, {}}, {OnTable, {}}};
+    constexpr int Queen = 7, Ten = 3, Waiting = 5, Robots = 20, OnTable = 30;
+    // Only while the game waits for his card is a card said not to play.
+    std::map<int, CardStanding> standing{{Queen, {true, true, true}},
+                                         {Ten, {true, false, true}},
+                                         {Waiting, {true, false, false}},
+                                         {Robots, {}},
+                                         {OnTable, {}}};
     table.SetCardReading([&](int card) { return standing[card]; });
-    for (const int card : {Queen, Ten, OnTable}) table.SetCardImage(card, card);
+    for (const int card : {Queen, Ten, Waiting, OnTable}) table.SetCardImage(card, card);
     // The card, its role, name, description and whether a press clicks it.
     using Row = std::tuple<int, QAccessible::Role, QString, QString, bool>;
     for (const auto& [card, role, name, description, presses] : std::vector<Row>{
              {Queen, QAccessible::PushButton, "Queen of Diamonds", "", true},
-             {Ten, QAccessible::PushButton, "Ten of Diamonds, cannot be played now",
-              "cannot be played now", true},
+             {Ten, QAccessible::PushButton, "Ten of Diamonds", "cannot be played now", true},
+             {Waiting, QAccessible::PushButton, "King of Diamonds", "", true},
              {Robots, QAccessible::Graphic, "card back", "", false},
              {OnTable, QAccessible::Graphic, "King of Hearts", "", false}}) {
         SCOPED_TRACE(card);
@@ -113,8 +117,10 @@ TEST_F(ScreenReaderTest, TheGameTellsWhichCardsAreThePlayersAndWhichPlayNow) {
         EXPECT_EQ(std::tuple(standing.playersCard, standing.playable), std::tuple(players, plays))
             << card;
     }
+    EXPECT_TRUE(ReadCard(g, club).CannotPlay());
     g.PlayerMayPlay = false;
     EXPECT_FALSE(ReadCard(g, heart).playable) << "out of turn";
+    EXPECT_FALSE(ReadCard(g, club).CannotPlay()) << "nothing is said of a card out of turn";
 }
 
 TEST_F(ScreenReaderTest, EachScoreFigureSaysItsSideAndRowAndFollowsNamesAndScores) {

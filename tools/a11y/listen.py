@@ -20,8 +20,7 @@ from gi.repository import GLib
 
 import keys_player
 
-CARD = re.compile(
-    r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)(, cannot be played now)?$")
+CARD = re.compile(r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)$")
 FIGURE = re.compile(
     r"^(.+), (last trick|total tricks|last meld|total melds|total score), (-?\d+)$")
 

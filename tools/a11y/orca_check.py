@@ -19,7 +19,7 @@ from gi.repository import GLib
 import keys_player
 from listen import Listener
 
-SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)'")
+SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)' ?\{'established")
 FOCUS = re.compile(r"Changing locusOfFocus from .* to \[([^|\]]*) \| ([^\]]*)\]")
 CARD = re.compile(r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)")
 CANNOT = "cannot be played now"
@@ -103,15 +103,25 @@ class Check:
                 self.move_on("help open")
         elif self.step == "help open":
             if self.window(pyatspi.ROLE_DIALOG, "Help Page 1") and self.waited(2):
-                self.heard["help page opens"] = self.log.since(self.mark)
-                self.key("Escape")
-                self.move_on("help closed")
+                self.heard["a help page opens"] = self.log.since(self.mark)
+                self.key("Tab")
+                self.move_on("help tab")
             elif self.waited(10):
                 self.failures.append("F1 brought no help page")
                 self.move_on("deal")
+        elif self.step == "help tab":
+            if self.waited(1.5):
+                self.heard["Tab on the help page"] = self.log.since(self.mark)
+                self.key("Return")
+                self.move_on("help enter")
+        elif self.step == "help enter":
+            if self.waited(2):
+                self.heard["Enter on its next page's button"] = self.log.since(self.mark)
+                self.key("Escape")
+                self.move_on("help closed")
         elif self.step == "help closed":
             if self.waited(2):
-                if self.window(pyatspi.ROLE_DIALOG, "Help Page 1"):
+                if self.window(pyatspi.ROLE_DIALOG, "Help Page"):
                     self.failures.append("Escape left the help page open")
                 self.heard["Escape on the help page"] = self.log.since(self.mark)
                 self.move_on("deal")
@@ -145,9 +155,27 @@ class Check:
                     return True
         return False
 
+    def said_of_card(self, i):
+        """The card and whether Orca said it cannot be played, when the i-th
+        thing it said is a card taking the focus (its description follows)."""
+        spoken = self.log.spoken
+        card = CARD.match(spoken[i])
+        if not card or " push button" not in spoken[i]:
+            return None
+        following = spoken[i + 1] if i + 1 < len(spoken) else ""
+        return card.group(0), CANNOT in spoken[i] or following.startswith(CANNOT)
+
+    def claims(self):
+        """What Orca last said of each card's standing: True for "cannot be
+        played now"."""
+        said = dict(filter(None, map(self.said_of_card, range(len(self.log.spoken)))))
+        return said
+
     def check_standing(self):
-        """The focused card's standing as the tree says it now, against what
-        Orca last said of that card, once the standing has held a moment."""
+        """While the game waits for a card that must follow (some card of the
+        hand cannot be played), the focused card that can be played must not
+        be the one Orca last said cannot; checked once the table has held
+        still a moment."""
         focused = self.listener.focused
         try:
             name, role = focused.name, focused.getRole()
@@ -164,13 +192,27 @@ class Check:
         self.standing_seen = (card.group(0), cannot, ticks)
         if ticks != 3:
             return
-        said = [text for text in self.log.spoken if text.startswith(card.group(0))]
-        if not said:
+        hand, _, _ = self.listener.read_tree()
+        waits_for_follow = any(CANNOT in (node.description or "") for *_, node in hand
+                               if node.getRole() == pyatspi.ROLE_PUSH_BUTTON)
+        said = self.claims().get(card.group(0))
+        if said is None or not (waits_for_follow or cannot):
             return
         self.standing_checks += 1
-        if (CANNOT in said[-1]) != cannot:
-            self.stale.append(f"{card.group(0)}: Orca last said {said[-1]!r}, "
-                              f"the card {'cannot' if cannot else 'can'} be played now")
+        if said != cannot:
+            self.stale.append(f"{card.group(0)}: Orca last said it "
+                              f"{'cannot' if said else 'can'} be played, "
+                              f"it {'cannot' if cannot else 'can'} now")
+
+    def check_played(self):
+        """Each card the player played was not last said to be unplayable."""
+        said = {}
+        for i, text in enumerate(self.log.spoken):
+            said.update(filter(None, [self.said_of_card(i)]))
+            for played in re.findall(r"is playing (\w+ of \w+)", text):
+                self.standing_checks += 1
+                if said.get(played):
+                    self.stale.append(f"{played} was played, Orca last said it cannot be")
 
     def report(self):
         for moment, texts in self.heard.items():
@@ -188,11 +230,14 @@ class Check:
             self.failures.append("Tab in the message did not say the next button")
         if "No Continue push button" not in again:
             self.failures.append("Tab round the message did not come back to its first button")
-        if not any("Help Page 1" in text for text in self.heard.get("help page opens", [])):
-            self.failures.append("the help page was not said as it opened")
-        if not any("Pinochle" in text and len(text) > 200
-                   for text in self.heard.get("help page opens", [])):
-            self.failures.append("the help page's words were not read")
+        page = " ".join(self.heard.get("a help page opens", []))
+        if "Help Page 1 dialog Welcome to Pinochle" not in page:
+            self.failures.append("the help page and its words were not read as it opened")
+        if "Page 2 Help push button" not in " ".join(self.heard.get("Tab on the help page", [])):
+            self.failures.append("Tab on the help page did not say its next button")
+        if "Help Page Two dialog" not in " ".join(
+                self.heard.get("Enter on its next page's button", [])):
+            self.failures.append("Enter on the help page's button did not bring the next page")
         unnamed = [role for role, name in self.log.focus if not name]
         print(f"Orca's focus moved {len(self.log.focus)} times, "
               f"{len(unnamed)} of them to an object without a name")
@@ -200,6 +245,7 @@ class Check:
             print(f"    {unnamed.count(role)} x {role}")
         if unnamed:
             self.failures.append(f"{len(unnamed)} focus changes to an object without a name")
+        self.check_played()
         print(f"the focused card's standing checked {self.standing_checks} times, "
               f"{len(self.stale)} stale")
         for text in self.stale:
