@@ -240,6 +240,9 @@ bool TableKeyboard::eventFilter(QObject* watched, QEvent* event) {
                     this,
                     [this] {
                         Refresh();
+                        // Taken and given again, so that a screen reader
+                        // hears the focus come to it.
+                        if (QWidget* widget = StopWidget(focus_.stop)) widget->clearFocus();
                         GiveFocus();
                     },
                     Qt::QueuedConnection);

@@ -154,7 +154,8 @@ TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
 
 // A screen reader finds a dialog named by the title, its text, and each
 // shown button as a push button named by its caption; the first button
-// has the focus as the box opens, Tab moves it, and a press clicks.
+// has the focus as the box opens and keeps the keyboard, Tab moves the
+// focus, and a press clicks.
 TEST_F(MessageBoxTest, TheBoxReadsAsADialogWithItsTextAndItsButtonsAndTheFirstHasTheFocus) {
     form.Prepare("Do you wish to leave?", "No Continue", "Yes &New Game", {}, 2,
                  " Leave this game?");
@@ -175,6 +176,13 @@ TEST_F(MessageBoxTest, TheBoxReadsAsADialogWithItsTextAndItsButtonsAndTheFirstHa
     EXPECT_EQ(read, (std::vector<Row>{{QAccessible::StaticText, "Do you wish to leave?", 0, false},
                                       {QAccessible::PushButton, "No Continue", 0, true},
                                       {QAccessible::PushButton, "Yes New Game", 0, false}}));
+    // The box takes the keyboard back from any other window of the game
+    // that a window manager gives it to.
+    QWidget table;
+    table.show();
+    QApplication::setActiveWindow(&table);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.isActiveWindow(); }));
+    EXPECT_TRUE(Button(0)->hasFocus());
     QTest::keyClick(&form, Qt::Key_Tab);
     EXPECT_TRUE(Button(1)->hasFocus());
     EXPECT_TRUE(box->child(2)->state().focused);
