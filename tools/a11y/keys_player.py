@@ -53,7 +53,8 @@ class KeysPlayer:
             listener.focus_table()
         self.box_was_open = box is not None
         if box is not None:
-            if self.hand_over and "Total Scores" in (box.name or "") + " ".join(spoken[-2:]):
+            # The hand's last message: its totals, or the hand won or lost.
+            if self.hand_over:
                 self.answered_totals = True
             self.press(key, "Return")
             return False
