@@ -154,8 +154,8 @@ private:
 
 QAccessibleInterface* DeluxeAccessible::Make(const QString&, QObject* object) {
     if (auto* form = qobject_cast<MFormDeluxe*>(object)) return new DeluxeAccessible(form);
-    auto* form = object->parent() != nullptr ? qobject_cast<MFormDeluxe*>(object->parent())
-                                             : nullptr;
+    auto* form =
+        object->parent() != nullptr ? qobject_cast<MFormDeluxe*>(object->parent()) : nullptr;
     if (form == nullptr) return nullptr;
     const auto found = std::find(form->pic1_.begin(), form->pic1_.end(), object);
     if (found == form->pic1_.end()) return nullptr;
@@ -477,12 +477,12 @@ void MFormDeluxe::closeEvent(QCloseEvent* event) {
 // is up: any other window of the game that gets the focus hands it back.
 void MFormDeluxe::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    keepsKeyboard_ = connect(qApp, &QGuiApplication::focusWindowChanged, this,
-                             [this](QWindow* focused) {
-                                 if (focused != nullptr && focused != windowHandle()) {
-                                     TakeKeyboard();
-                                 }
-                             });
+    keepsKeyboard_ =
+        connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* focused) {
+            if (focused != nullptr && focused != windowHandle()) {
+                TakeKeyboard();
+            }
+        });
     TakeKeyboard();
 }
 

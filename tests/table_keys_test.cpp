@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "headless/headless_game.h"
-#include "round_one/card_click.h"
 #include "headless/headless_keys.h"
+#include "round_one/card_click.h"
 #include "tests/meld_fixtures.h"
 
 namespace trickhaven {
@@ -58,15 +58,17 @@ TEST(HandChain, HoldsTheHandsShownFacesInRowOrderThenTheMeldRowsTopRowFirst) {
     EXPECT_EQ(t.Chain(), (std::vector<int>{AD, QS1, KD, JD1, AS, KH, QH}));
 }
 
-// The focus after the hand changed, from a chain of five with the focus on
-// the card at `position`, walked there by keys or not.
+// The focus after the hand changed or a key moved it, from a chain of five
+// with the focus on the card at `position`, walked there by keys or not.
+// Left and Right step without wrapping, Home and End go to the ends.
 TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFirstCard) {
     struct Case {
         const char* what;
         bool walked;
         std::vector<int> after;
         std::size_t position;
-        int card;  // the focus after
+        int card;                 // the focus after
+        TableKey key = K::Enter;  // Enter moves nothing
     };
     const std::vector<int> before{1, 3, 5, 7, 9};
     const Case cases[] = {
@@ -77,17 +79,21 @@ TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFi
         {"the hand sorted before a key", false, {9, 7, 5, 3, 1}, 2, 9},
         {"a card drawn before a key", false, {2, 1, 3, 5, 7, 9}, 0, 2},
         {"the hand gone", true, {}, 1, 0},
+        {"Left at the first", true, before, 0, 1, K::Left},
+        {"Right at the last", true, before, 4, 9, K::Right},
+        {"Home", true, before, 2, 1, K::Home},
+        {"End", true, before, 1, 9, K::End},
+        {"the first Right of a hand", false, before, 3, 3, K::Right},
     };
     for (const Case& c : cases) {
         HandFocus focus{before[c.position], c.position, c.walked};
-        FollowHand(focus, c.after);
+        MoveHandFocus(focus, c.after, c.key);
         EXPECT_EQ(focus.card, c.card) << c.what;
         if (focus.card != 0) {
             EXPECT_EQ(c.after[focus.position], focus.card) << c.what;
         }
     }
-    // The next deal keeps to the card that came first while it deals, and
-    // starts from its first card once dealt.
+    // While dealing the focus stays put; once dealt, it is on the first card.
     HandFocus focus{9, 4, true};
     FollowHand(focus, {});
     FollowHand(focus, {13}, false);
@@ -95,22 +101,6 @@ TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFi
     EXPECT_EQ(focus.card, 13);
     FollowHand(focus, {11, 13, 15});
     EXPECT_EQ(focus.card, 11);
-}
-
-TEST(HandFocus, ArrowsStepWithoutWrappingAndHomeAndEndGoToTheEnds) {
-    const std::vector<int> chain{4, 8, 15, 16};
-    struct Case {
-        std::size_t from;
-        TableKey key;
-        int to;
-    };
-    const Case cases[] = {{0, K::Left, 4}, {0, K::Right, 8}, {3, K::Right, 16}, {2, K::Left, 8},
-                          {2, K::Home, 4}, {1, K::End, 16},  {1, K::Enter, 8}};
-    for (const Case& c : cases) {
-        HandFocus focus{chain[c.from], c.from, true};
-        MoveHandFocus(focus, chain, c.key);
-        EXPECT_EQ(focus.card, c.to) << c.from << " " << static_cast<int>(c.key);
-    }
 }
 
 TEST(TableStops, TabPassesHiddenControlsAndAnEmptyHandAndBackTabGoesTheOtherWay) {
@@ -127,42 +117,25 @@ TEST(TableStops, TabPassesHiddenControlsAndAnEmptyHandAndBackTabGoesTheOtherWay)
     EXPECT_EQ(NextStop(view, TableStop::MarriageSpades, true, false), TableStop::ReminderOk);
 }
 
-TEST(TableKeys, EnterAndSpaceClickWhatHasTheFocusAndKKnocksOnlyWhileKnockShows) {
+// Enter and Space click what has the focus, K knocks while "Knock?" shows; a
+// panel takes the focus on its first button, Escape cancels the offer or
+// closes the reminder, and a panel gone gives the focus back to its card.
+TEST(TableKeys, KeysClickWhatHasTheFocusPanelsTakeItOnTheirFirstButtonAndEscapeCancelsTheOffer) {
     KeysTable t;
     t.Lay(KD, 4000, 10080);
     t.Lay(AD, 2500, 10080);
     TableFocus focus;
-    auto press = [&](TableKey key) {
-        return PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
-    };
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::CardClick, AD}));
-    EXPECT_FALSE(press(K::Right));
-    EXPECT_EQ(press(K::Space), (TableEvent{E::CardClick, KD}));
-    EXPECT_FALSE(press(K::Knock));
-    t.hg.table.SetControlVisible(TableControl::LblKnock, true);
-    EXPECT_EQ(press(K::Knock), TableEvent{E::KnockClick});
-}
-
-// Each panel that comes up takes the focus on its first button, and Escape
-// is the offer's "Cancel and Take Card" or the reminder's O.K; once a panel
-// goes, the focus is back on the card it left.
-TEST(TableKeys, APanelTakesTheFocusOnItsFirstButtonAndEscapeCancelsTheOfferOrClosesTheReminder) {
-    KeysTable t;
-    t.Lay(KD, 4000, 10080);
-    t.Lay(AD, 2500, 10080);
-    TableFocus focus;
-    auto press = [&](TableKey key) {
-        return PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
-    };
-    EXPECT_FALSE(press(K::Escape));
-    press(K::Right);
     struct Step {
-        TableControl panel;
+        TableControl control;
         bool up;
         std::vector<TableKey> keys;
         std::optional<TableEvent> click;
     };
     const Step steps[] = {
+        {TableControl::LblKnock, false, {K::Enter}, TableEvent{E::CardClick, AD}},
+        {TableControl::LblKnock, false, {K::Right, K::Space}, TableEvent{E::CardClick, KD}},
+        {TableControl::LblKnock, false, {K::Knock}, std::nullopt},
+        {TableControl::LblKnock, true, {K::Knock}, TableEvent{E::KnockClick}},
         {TableControl::FramDeclare, true, {K::Enter}, TableEvent{E::DoublePinochleClick}},
         {TableControl::FramDeclare, true, {K::Tab, K::Escape}, TableEvent{E::CancelClick}},
         {TableControl::FramDeclare, false, {}, std::nullopt},
@@ -176,16 +149,17 @@ TEST(TableKeys, APanelTakesTheFocusOnItsFirstButtonAndEscapeCancelsTheOfferOrClo
         {TableControl::FramDeclare, false, {K::Enter}, TableEvent{E::CardClick, KD}},
     };
     for (const Step& step : steps) {
-        SCOPED_TRACE(ControlName(step.panel) + std::string(step.up ? " up" : " gone"));
-        t.hg.table.SetControlVisible(step.panel, step.up);
+        SCOPED_TRACE(ControlName(step.control) + std::string(step.up ? " up" : " gone"));
+        t.hg.table.SetControlVisible(step.control, step.up);
         std::optional<TableEvent> click;
-        for (const TableKey key : step.keys) click = press(key);
+        for (const TableKey key : step.keys) {
+            click = PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+        }
         EXPECT_EQ(click, step.click);
     }
 }
 
-// After each deal the focus is on the first card of the sorted hand, even
-// when the keys had walked to the last card of the hand before.
+// After each deal the focus is on the first card, wherever the keys had been.
 TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
     HeadlessGame hg(5);
     HeadlessKeyboard& keys = hg.platform.keyboard;
@@ -200,10 +174,10 @@ TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
         return TableEvent{E::MenuNewGame};
     };
     hg.table.answerDeluxe = [](const MessageRecord& m) {
-        return m.buttons[1] == "Yes New Game" ? 1 : 0;
+        return int(m.buttons[1] == "Yes New Game");
     };
     ASSERT_TRUE(hg.Run());
-    ASSERT_EQ(focusAndFirst.size(), 2U);
+    EXPECT_EQ(focusAndFirst.size(), 2U);
     for (const auto& [focused, first] : focusAndFirst) EXPECT_EQ(focused, first);
 }
 

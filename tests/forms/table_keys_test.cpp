@@ -1,13 +1,11 @@
 // The keys in the window: which widgets take the focus, Tab's order, the
-// focus following the hand, the ring shown only to the keyboard, and the
-// message box answering Enter, Escape and Tab.
+// focus following the hand, and the ring shown only to the keyboard.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QTest>
 
 #include "forms/card_picture.h"
-#include "forms/mform_deluxe.h"
 #include "forms/qt_platform.h"
 #include "forms/table_keyboard.h"
 #include "forms_test_support.h"
@@ -83,20 +81,33 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheR
     Press(Qt::Key_Right);
     EXPECT_EQ(Focused(), Picture(40));
     Press(Qt::Key_Left);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Space);
-    Press(Qt::Key_K);  // no knock to be made
     Click(Picture(3));
     EXPECT_FALSE(Ring()->isVisible());
     EXPECT_FALSE(table.Keyboard().KeyboardInUse());
-    EXPECT_EQ(log.events, (std::vector<TableEvent>(4, {E::CardClick, 3})));
+    Press(Qt::Key_Right, Picture(25));
+    // A card played: the focus takes the one now in its place.
+    Card(g, 3).Place = PlacePlayed;
+    table.MoveCard(3, 7800, 6540);
+    table.MoveCard(40, 3100, 10080);
+    QApplication::processEvents();
+    EXPECT_EQ(Focused(), Picture(40));
+    // The last card goes and then the whole hand.
+    Card(g, 40).Place = PlacePlayed;
+    table.SetCardVisible(40, false);
+    QApplication::processEvents();
+    EXPECT_EQ(Focused(), Picture(25));
+    Card(g, 25).Place = PlacePlayed;
+    table.MoveCard(25, 7800, 6540);
+    QApplication::processEvents();
+    Press(Qt::Key_Return, Picture(25));
+    EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::CardClick, 3})));
 }
 
-// A panel that comes up takes the focus on its first button; Enter or Space
-// on each stop of Tab's round gives the click the mouse gives it, and
-// Escape the offer's Cancel; a button shows its focus to the keyboard, not
-// after the mouse.
-TEST_F(TableKeysTest, PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouseDoes) {
+// A panel takes the focus on its first button; Enter or Space on each stop
+// of Tab's round gives the mouse's click, and Escape the offer's Cancel; a
+// button shows its focus to the keyboard only.
+TEST_F(TableKeysTest,
+       PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouseDoes) {
     Deal({25, 3});
     QWidget* sort = FindControl(table, "CmdSort");
     for (const auto& [shown, first] : {std::pair{TableControl::CmdSort, "PicCard25"},
@@ -136,54 +147,6 @@ TEST_F(TableKeysTest, PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyCl
     EXPECT_EQ(Focused()->objectName(), "Command1");
     Press(Qt::Key_Escape);
     EXPECT_TRUE(log.events.back() == TableEvent{E::ReminderOkClick});
-}
-
-TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOneOutOfPlay) {
-    Deal({25, 3, 40});
-    Press(Qt::Key_Right, Picture(25));
-    // The card flies to the trick and the row closes up.
-    Card(g, 3).Place = PlacePlayed;
-    table.MoveCard(3, 7800, 6540);
-    table.MoveCard(40, 3100, 10080);
-    QApplication::processEvents();
-    EXPECT_EQ(Focused(), Picture(40));
-    // The last card goes and then the whole hand.
-    Card(g, 40).Place = PlacePlayed;
-    table.SetCardVisible(40, false);
-    QApplication::processEvents();
-    EXPECT_EQ(Focused(), Picture(25));
-    Card(g, 25).Place = PlacePlayed;
-    table.MoveCard(25, 7800, 6540);
-    QApplication::processEvents();
-    Press(Qt::Key_Return, Picture(25));
-    EXPECT_TRUE(log.events.empty());
-}
-
-TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShowsOnlyToKeys) {
-    struct Case {
-        QString button0, button1;
-        std::vector<Qt::Key> keys;
-        int choice;
-    };
-    const Case cases[] = {
-        {"Yes Exit", "Carry On", {Qt::Key_Escape}, 1},
-        {"No Continue", "Yes New Game", {Qt::Key_Tab, Qt::Key_Escape}, 0},
-        {"Stock Card", "Up Card", {Qt::Key_Tab, Qt::Key_Space}, 1},
-        {"Stock Card", "Up Card", {Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Enter}, 0},
-    };
-    for (const Case& c : cases) {
-        MFormDeluxe form;
-        form.Prepare("Which?", c.button0, c.button1, {}, 1, "Make choice");
-        form.show();
-        EXPECT_FALSE(form.KeyFocusShown());
-        for (const Qt::Key key : c.keys) {
-            QTest::keyClick(&form, key);
-            if (!form.isVisible()) break;
-            EXPECT_TRUE(form.KeyFocusShown()) << c.button0.toStdString();
-        }
-        EXPECT_FALSE(form.isVisible()) << c.button0.toStdString();
-        EXPECT_EQ(form.Choice(), c.choice) << c.button0.toStdString();
-    }
 }
 
 }  // namespace
