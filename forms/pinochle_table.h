@@ -94,6 +94,7 @@ private:
     void Send(TableEvent event);
     void NameScoreFigures();
     void Speak();
+    void TellBeforeMessage();
     void TellCardStandings();
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;
