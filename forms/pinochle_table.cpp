@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -228,17 +229,26 @@ void PinochleTable::BuildCards() {
 void PinochleTable::BuildMenu() {
     menuBar()->installEventFilter(this);
     QMenu* dropDown = nullptr;
+    QActionGroup* marked = nullptr;
     for (const MenuDesign& design : TableMenu()) {
         const QString caption = QString::fromUtf8(design.caption);
         if (design.command == MenuCommand::DropDown) {
             dropDown = menuBar()->addMenu(caption);
             dropDown->setObjectName(design.name);
+            marked = nullptr;
             continue;
         }
         QAction* action =
             design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
         action->setObjectName(design.name);
         action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
+        if (design.checkable) {
+            // The first entry bears the mark until the game says otherwise.
+            action->setCheckable(true);
+            action->setChecked(marked == nullptr);
+            if (marked == nullptr) marked = new QActionGroup(dropDown);
+            marked->addAction(action);
+        }
         switch (design.command) {
             case MenuCommand::Help:
                 connect(action, &QAction::triggered, this, &PinochleTable::helpRequested);
@@ -372,6 +382,10 @@ void PinochleTable::SetPanelText(int panel, const std::string& text) {
 void PinochleTable::SetPanelPicture(int image) {
     statusBar_->Panel(1).SetPicture(
         [this, image](qreal ratio) { return art_.Image(image, ratio); });
+}
+
+void PinochleTable::CheckRobot(RobotKind robot) {
+    findChild<QAction*>(robot == RobotKind::Expert ? "MnuExpert" : "MnuClassic")->setChecked(true);
 }
 
 void PinochleTable::SetTitle(const std::string& text) {

@@ -84,12 +84,12 @@ TEST_F(TableViewTest, EveryMenuEntryAndTheCloseBoxSendTheirEventsAndF1F2AndCtrlX
     EXPECT_FALSE(table.close());
     EXPECT_TRUE(table.isVisible());
     EXPECT_EQ(log.events,
-              (std::vector<T>{T{E::MenuNewGame}, T{E::MenuExit}, T{E::MenuYourName},
-                              T{E::MenuOpponentName}, T{E::MenuViewStatistics},
-                              T{E::MenuDeleteStatistics}, T{E::MenuTarget1000}, T{E::MenuTarget750},
-                              T{E::MenuTarget500}, T{E::MenuTarget300}, T{E::MenuReminder},
-                              T{E::MenuFast}, T{E::MenuMedium}, T{E::MenuSlow}, T{E::MenuNewGame},
-                              T{E::MenuExit}, T{E::CloseBox}}));
+              (std::vector<T>{
+                  T{E::MenuNewGame}, T{E::MenuExit}, T{E::MenuYourName}, T{E::MenuOpponentName},
+                  T{E::MenuViewStatistics}, T{E::MenuDeleteStatistics}, T{E::MenuTarget1000},
+                  T{E::MenuTarget750}, T{E::MenuTarget500}, T{E::MenuTarget300}, T{E::MenuReminder},
+                  T{E::MenuFast}, T{E::MenuMedium}, T{E::MenuSlow}, T{E::MenuClassic},
+                  T{E::MenuExpert}, T{E::MenuNewGame}, T{E::MenuExit}, T{E::CloseBox}}));
     EXPECT_EQ(help.count(), 2);
     EXPECT_EQ(about.count(), 1);
 }
