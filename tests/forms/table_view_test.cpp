@@ -2,6 +2,7 @@
 // entries and close box it hands back.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QMenu>
@@ -92,6 +93,43 @@ TEST_F(TableViewTest, EveryMenuEntryAndTheCloseBoxSendTheirEventsAndF1F2AndCtrlX
                   T{E::MenuExpert}, T{E::MenuNewGame}, T{E::MenuExit}, T{E::CloseBox}}));
     EXPECT_EQ(help.count(), 2);
     EXPECT_EQ(about.count(), 1);
+}
+
+// The robot's menu comes last and opens with Alt+R, a letter that no
+// caption of the table marks; its two entries share one check mark, which
+// the game moves and a click takes, and a screen reader hears which is
+// checked.
+TEST_F(TableViewTest, TheRobotsMenuOpensWithItsOwnLetterAndBearsOneCheckMark) {
+    QMenu* robots = table.menuBar()->actions().back()->menu();
+    ASSERT_NE(robots, nullptr);
+    EXPECT_EQ(robots->title(), "&Robot");
+    int marked = 0;
+    for (const auto* button : table.findChildren<QAbstractButton*>()) {
+        marked += QKeySequence::mnemonic(button->text()) == QKeySequence(Qt::ALT | Qt::Key_R);
+    }
+    EXPECT_EQ(marked, 0);
+    table.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    QTest::keyClick(&table, Qt::Key_R, Qt::AltModifier);
+    EXPECT_EQ(QApplication::activePopupWidget(), robots);
+    const auto marks = [&] {
+        QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(robots);
+        std::vector<std::tuple<QString, bool, bool>> seen;
+        for (int i = 0; i < menu->childCount(); ++i) {
+            const QAccessible::State state = menu->child(i)->state();
+            seen.emplace_back(menu->child(i)->text(QAccessible::Name), state.checkable,
+                              state.checked);
+        }
+        return seen;
+    };
+    using Marks = std::vector<std::tuple<QString, bool, bool>>;
+    EXPECT_EQ(marks(), (Marks{{"Classic", true, true}, {"Expert", true, false}}));
+    table.CheckRobot(RobotKind::Expert);
+    EXPECT_EQ(marks(), (Marks{{"Classic", true, false}, {"Expert", true, true}}));
+    robots->actions().front()->trigger();
+    EXPECT_EQ(marks(), (Marks{{"Classic", true, true}, {"Expert", true, false}}));
+    EXPECT_EQ(log.events, std::vector<T>{T{E::MenuClassic}});
+    robots->close();
 }
 
 // A card takes either mouse button; a press released off it is no click.
