@@ -16,6 +16,7 @@
 
 #include "forms/caption_fit.h"
 #include "forms/card_picture.h"
+#include "forms/menu_access.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
 #include "forms/table_keyboard.h"
@@ -228,6 +229,7 @@ void PinochleTable::BuildCards() {
 
 void PinochleTable::BuildMenu() {
     menuBar()->installEventFilter(this);
+    InstallMenuAccessibility();
     QMenu* dropDown = nullptr;
     QActionGroup* marked = nullptr;
     for (const MenuDesign& design : TableMenu()) {
@@ -238,17 +240,21 @@ void PinochleTable::BuildMenu() {
             marked = nullptr;
             continue;
         }
-        QAction* action =
-            design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
-        action->setObjectName(design.name);
-        action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
+        QAction* action = nullptr;
         if (design.checkable) {
-            // The first entry bears the mark until the game says otherwise.
+            // Checkable before a screen reader first reads it. The first
+            // entry bears the mark until the game says otherwise.
+            action = new QAction(caption, dropDown);
             action->setCheckable(true);
             action->setChecked(marked == nullptr);
             if (marked == nullptr) marked = new QActionGroup(dropDown);
             marked->addAction(action);
+            dropDown->addAction(action);
+        } else {
+            action = design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
         }
+        action->setObjectName(design.name);
+        action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
         switch (design.command) {
             case MenuCommand::Help:
                 connect(action, &QAction::triggered, this, &PinochleTable::helpRequested);
