@@ -9,9 +9,10 @@ namespace trickhaven {
 
 namespace {
 
-// An entry of a drop-down that bears a check mark, read as a check box:
-// the toolkit's own entries tell a screen reader only of the entry that is
-// checked, never that the others are not.
+// An entry of a drop-down that bears a check mark. The toolkit's own entry
+// lets a screen reader say "checked" of the entry that is, and nothing of
+// the others; this one tells "not checked" in its description, which a
+// screen reader speaks after the name.
 class CheckEntryAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     explicit CheckEntryAccessible(QAction* action) : action_(action) {}
@@ -31,6 +32,9 @@ public:
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return QString(action_->text()).remove(QLatin1Char('&'));
         if (kind == QAccessible::Accelerator) return action_->shortcut().toString();
+        if (kind == QAccessible::Description && !action_->isChecked()) {
+            return QStringLiteral("not checked");
+        }
         return {};
     }
     void setText(QAccessible::Text, const QString&) override {}
@@ -39,7 +43,7 @@ public:
         const QRect entry = Menu()->actionGeometry(action_);
         return QRect(Menu()->mapToGlobal(entry.topLeft()), entry.size());
     }
-    QAccessible::Role role() const override { return QAccessible::CheckBox; }
+    QAccessible::Role role() const override { return QAccessible::MenuItem; }
     QAccessible::State state() const override {
         QAccessible::State state;
         const QMenu* menu = Menu();

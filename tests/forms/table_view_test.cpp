@@ -116,24 +116,25 @@ TEST_F(TableViewTest, TheRobotsMenuOpensWithItsOwnLetterAndBearsOneCheckMark) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
     QTest::keyClick(&table, static_cast<Qt::Key>(letter[0].key()), Qt::AltModifier);
     EXPECT_EQ(QApplication::activePopupWidget(), robots);
+    // What a screen reader says of each entry: its name, "checked" from its
+    // state, or "not checked" from its description.
     const auto marks = [&] {
         QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(robots);
-        std::vector<std::tuple<QString, bool, bool>> seen;
+        std::vector<std::tuple<QString, bool, QString>> seen;
         for (int i = 0; i < menu->childCount(); ++i) {
-            const QAccessible::State state = menu->child(i)->state();
-            // Read as a check box, whose state a screen reader always tells.
-            seen.emplace_back(menu->child(i)->text(QAccessible::Name),
-                              state.checkable && menu->child(i)->role() == QAccessible::CheckBox,
-                              state.checked);
+            const QAccessibleInterface* entry = menu->child(i);
+            seen.emplace_back(entry->text(QAccessible::Name), entry->state().checked,
+                              entry->text(QAccessible::Description));
         }
         return seen;
     };
-    using Marks = std::vector<std::tuple<QString, bool, bool>>;
-    EXPECT_EQ(marks(), (Marks{{"Classic", true, true}, {"Expert", true, false}}));
+    using Marks = std::vector<std::tuple<QString, bool, QString>>;
+    const Marks classic{{"Classic", true, ""}, {"Expert", false, "not checked"}};
+    EXPECT_EQ(marks(), classic);
     table.CheckRobot(RobotKind::Expert);
-    EXPECT_EQ(marks(), (Marks{{"Classic", true, false}, {"Expert", true, true}}));
+    EXPECT_EQ(marks(), (Marks{{"Classic", false, "not checked"}, {"Expert", true, ""}}));
     robots->actions().front()->trigger();
-    EXPECT_EQ(marks(), (Marks{{"Classic", true, true}, {"Expert", true, false}}));
+    EXPECT_EQ(marks(), classic);
     EXPECT_EQ(log.events, std::vector<T>{T{E::MenuClassic}});
     robots->close();
 }
