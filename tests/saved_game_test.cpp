@@ -222,13 +222,6 @@ TEST(SavedGame, AGameTakenUpKeepsItsRobotAndAnOldFileIsTheClassicRobots) {
                   std::tuple(robot, robot, robot));
         EXPECT_EQ(FileBytes(hg.folder / kRobotFileName), FormatRobotRecord({robot, {0, 4, 6}}));
     }
-    // A new game saves the robot chosen for its first deal.
-    HeadlessGame fresh;
-    std::ofstream(fresh.folder / kRobotFileName, std::ios::binary)
-        << FormatRobotRecord({RobotKind::Expert, {}});
-    NewGameWith(fresh, "");
-    EXPECT_EQ(std::tuple(fresh.game.Robot, Saved(fresh)->Robot),
-              std::tuple(RobotKind::Expert, RobotKind::Expert));
 }
 
 // A run with a saved game in the folder, that can no longer be written over:
