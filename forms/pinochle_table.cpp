@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -15,6 +16,7 @@
 
 #include "forms/caption_fit.h"
 #include "forms/card_picture.h"
+#include "forms/menu_access.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
 #include "forms/table_keyboard.h"
@@ -237,16 +239,30 @@ void PinochleTable::BuildCards() {
 
 void PinochleTable::BuildMenu() {
     menuBar()->installEventFilter(this);
+    InstallMenuAccessibility();
     QMenu* dropDown = nullptr;
+    QActionGroup* marked = nullptr;
     for (const MenuDesign& design : TableMenu()) {
         const QString caption = QString::fromUtf8(design.caption);
         if (design.command == MenuCommand::DropDown) {
             dropDown = menuBar()->addMenu(caption);
             dropDown->setObjectName(design.name);
+            marked = nullptr;
             continue;
         }
-        QAction* action =
-            design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
+        QAction* action = nullptr;
+        if (design.checkable) {
+            // Checkable before a screen reader first reads it. The first
+            // entry bears the mark until the game says otherwise.
+            action = new QAction(caption, dropDown);
+            action->setCheckable(true);
+            action->setChecked(marked == nullptr);
+            if (marked == nullptr) marked = new QActionGroup(dropDown);
+            marked->addAction(action);
+            dropDown->addAction(action);
+        } else {
+            action = design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
+        }
         action->setObjectName(design.name);
         action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
         switch (design.command) {
@@ -382,6 +398,10 @@ void PinochleTable::SetPanelText(int panel, const std::string& text) {
 void PinochleTable::SetPanelPicture(int image) {
     statusBar_->Panel(1).SetPicture(
         [this, image](qreal ratio) { return art_.Image(image, ratio); });
+}
+
+void PinochleTable::CheckRobot(RobotKind robot) {
+    findChild<QAction*>(robot == RobotKind::Expert ? "MnuExpert" : "MnuClassic")->setChecked(true);
 }
 
 void PinochleTable::SetTitle(const std::string& text) {
