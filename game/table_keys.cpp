@@ -169,8 +169,13 @@ std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const 
         case TableKey::Knock:
             if (!g.view.IsControlVisible(TableControl::LblKnock)) return std::nullopt;
             return TableEvent{TableEventKind::KnockClick};
-        case TableKey::Escape:
         case TableKey::AltLetter:
+            if (std::tolower(static_cast<unsigned char>(key.letter)) != SortLetter ||
+                !StopShown(g.view, TableStop::Sort, handHasCard)) {
+                return std::nullopt;
+            }
+            return StopClick(TableStop::Sort);
+        case TableKey::Escape:
             return std::nullopt;
     }
     return std::nullopt;

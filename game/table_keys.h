@@ -113,10 +113,15 @@ struct TableFocus {
 // stop whose control has gone gives the focus back to the hand.
 void FollowTable(TableFocus& focus, const Game& g, const TableSight& sight);
 
+// The letter that the sort button's first caption marks ("&Sort Same"); the
+// game writes its later captions without a mark.
+inline constexpr char SortLetter = 's';
+
 // A key pressed on the table: moves the focus and gives the click the key
 // stands for, if any. Enter and Space click the focused card or control;
 // K knocks while "Knock?" is shown, wherever the focus is, as a click can
-// only hit the label while it shows.
+// only hit the label while it shows; Alt+S sorts while the sort button
+// shows, whatever it reads.
 std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const TableSight& sight,
                                         KeyPress key);
 
