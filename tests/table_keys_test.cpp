@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -191,9 +193,14 @@ TEST(TableReview, EachLetterTellsWhatTheTableShowsNow) {
               "no melds.");
     EXPECT_EQ(tell('r'), "Ada's trick, 4. Meld?");
     EXPECT_EQ(PressReview(g, t.hg.table, review, "", 'R'), "Nothing told yet.");
-    // No other letter asks, and none is the knock's.
+    // No other letter asks, and none is the knock's; the manual lists them.
     for (const char letter : std::string("abcdefghijklnoqsvwxyz")) {
         EXPECT_FALSE(ReviewOfLetter(letter)) << letter;
+    }
+    std::ifstream manualFile(TRICKHAVEN_MANUAL);
+    const std::string manual{std::istreambuf_iterator<char>(manualFile), {}};
+    for (const char letter : std::string(ReviewLetters)) {
+        EXPECT_NE(manual.find(std::string("\n.B ") + letter + "\n"), std::string::npos) << letter;
     }
 }
 
