@@ -20,6 +20,7 @@ class KeysPlayer:
         self.hand_over = False
         self.figures_at_end = {}
         self.answered_totals = False
+        self.reviewed = False
 
     def dialog(self, app):
         """The message box open now, if one is."""
@@ -69,7 +70,12 @@ class KeysPlayer:
             self.press(key, "Tab")
             return False
         if role == pyatspi.ROLE_PUSH_BUTTON and " of " in name:
-            if description == "":
+            if not self.reviewed:
+                # Once, before the first card: the trumps and the stock told
+                # again on demand.
+                self.reviewed = True
+                self.press(key, "u")
+            elif description == "":
                 self.moves = 0
                 self.press(key, "Return")
                 self.quiet_ticks = 3
@@ -113,6 +119,8 @@ def report(listener):
         failures.append(f"{cards} robot cards told, not 24")
     if "Hand over: " not in spoken:
         failures.append("the hand's totals were not told")
+    if not re.search(r"\w+ are Trumps\. The up card", spoken):
+        failures.append("the review's U was not heard")
     for side, total in PLAYER.figures_at_end.items():
         told = 0
         for match in re.finditer(re.escape(side) + r" melds [^.,]*, (\d+)\.", spoken):

@@ -1,7 +1,8 @@
 """What Orca spoke of the game's telling, counted from its own log: the
 characters of every notification, Orca's word "notification" and its space
 included, divided by the tricks told. The text of a message box, with its
-title, is left out: Orca reads the box itself.
+title, is left out: Orca reads the box itself; so is what the review tells
+on demand (the listener asks for the trumps once).
 
     orca_count.py ORCA_LOG [--tricks N] [--most N]   (exit 1 when above N a trick)
 
@@ -15,6 +16,7 @@ import sys
 SPOKEN = re.compile(r"SPEECH OUTPUT: '(.*)'\s*(\{.*\})?$")
 NOTIFICATION = "notification "
 TRICK = re.compile(r"'s trick, \d+\.")
+REVIEW = re.compile(r"^\w+ are Trumps\. The up card")
 
 
 def spoken_lines(log):
@@ -44,7 +46,8 @@ def main():
     args = parser.parse_args()
     lines = list(spoken_lines(args.log))
     dialogs = [line[len("dialog "):].strip() for line in lines if line.startswith("dialog ")]
-    notices = [line[len(NOTIFICATION):] for line in lines if line.startswith(NOTIFICATION)]
+    notices = [line[len(NOTIFICATION):] for line in lines
+               if line.startswith(NOTIFICATION) and not REVIEW.match(line[len(NOTIFICATION):])]
     tricks = args.tricks or sum(len(TRICK.findall(notice)) for notice in notices)
     characters = 0
     for notice in notices:
