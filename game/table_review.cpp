@@ -27,11 +27,11 @@ std::string Cards(const Game& g, const std::vector<std::pair<int, int>>& played)
 
 // A side's meld rows as they lie, top row first, each from the left.
 std::string MeldRows(const Game& g, const TableSight& sight, int place) {
-    std::map<int, std::map<int, std::string>> rows;
+    std::map<int, std::map<std::pair<int, int>, std::string>> rows;
     for (int card = 1; card <= CardCount; ++card) {
         const CardSight& seen = sight.at(static_cast<std::size_t>(card));
         if (Card(g, card).Place == place && Card(g, card).Melded && seen.shown && seen.faceUp) {
-            rows[seen.top][seen.left * 100 + card] = Card(g, card).Name;
+            rows[seen.top][{seen.left, card}] = Card(g, card).Name;
         }
     }
     std::string text;
