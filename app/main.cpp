@@ -14,6 +14,7 @@
 #include "forms/qt_platform.h"
 #include "game/game_state.h"
 #include "game/session.h"
+#include "game/table_review.h"
 #include "game/table_talk.h"
 
 namespace {
@@ -48,10 +49,14 @@ int main(int argc, char* argv[]) {
     table.SetMessageRing([&platform] { platform.PlaySound("ringout.wav"); });
     // What a screen reader is told.
     trickhaven::TableTalk talk;
-    g.onPlay = [&talk](const trickhaven::Game& game, const trickhaven::PlayLogEvent& event) {
+    trickhaven::TableReview review;
+    g.onPlay = [&talk, &review](const trickhaven::Game& game,
+                                const trickhaven::PlayLogEvent& event) {
         talk.Hear(game, event);
+        review.Hear(game, event);
     };
     table.SetTalk(talk);
+    table.SetReview(review);
     trickhaven::HelpPages help;
     QObject::connect(&table, &trickhaven::PinochleTable::helpRequested, &table,
                      [&help] { help.ShowFirstPage(); });

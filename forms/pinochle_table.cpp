@@ -10,7 +10,6 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QShortcutEvent>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -25,6 +24,7 @@
 #include "forms/table_widgets.h"
 #include "forms/twips.h"
 #include "game/card_table.h"
+#include "game/table_review.h"
 #include "game/table_talk.h"
 
 namespace trickhaven {
@@ -76,6 +76,8 @@ PinochleTable::PinochleTable(QWidget* parent)
     // that a screen reader reading a card finds its standing of now.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &PinochleTable::TellCardStandings);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &PinochleTable::Speak);
     setObjectName("PinochleTable");
     setWindowIcon(CardArt::ProgramIcon());
     surface_->setObjectName("TableSurface");
@@ -120,6 +122,7 @@ void PinochleTable::SetEventHandler(TableEventHandler handler) {
 }
 
 void PinochleTable::SetGame(const Game& g) {
+    game_ = &g;
     keyboard_->SetGame(&g);
     SetCardReading([&g](int card) { return ReadCard(g, card); });
 }
@@ -138,13 +141,20 @@ void PinochleTable::SetCardReading(std::function<CardStanding(int card)> reading
 
 void PinochleTable::SetTalk(TableTalk& talk) {
     talk_ = &talk;
-    // A zero timer fires at the next round of events: all that the game did
-    // between two waits is spoken as one text.
-    talk.onNews = [this] { QTimer::singleShot(0, this, &PinochleTable::Speak); };
+}
+
+void PinochleTable::SetReview(TableReview& review) {
+    review_ = &review;
+    keyboard_->SetReview([this](ReviewKind kind, const TableSight& sight) {
+        if (game_ == nullptr) return;
+        notice_->Say(FromGame(
+            review_->Tell(kind, *game_, sight, talk_ != nullptr ? talk_->LastSpoken() : "")));
+    });
 }
 
 void PinochleTable::Speak() {
-    const std::string spoken = talk_->TakeSpoken();
+    if (talk_ == nullptr || game_ == nullptr) return;
+    const std::string spoken = talk_->TakeSpoken(*game_);
     if (!spoken.empty()) {
         notice_->Say(FromGame(spoken));
     }
@@ -154,7 +164,9 @@ void PinochleTable::Speak() {
 // text and the focused button. What happened before it is told first, so
 // that the box does not cut it short.
 void PinochleTable::TellBeforeMessage() {
-    if (talk_) Speak();
+    if (talk_ == nullptr) return;
+    talk_->MessageOpens();
+    Speak();
 }
 
 void PinochleTable::TellCardStandings() {

@@ -21,6 +21,7 @@ namespace trickhaven {
 class CardPicture;
 class TableKeyboard;
 class TableStatusBar;
+class TableReview;
 class TableTalk;
 
 using TableEventHandler = std::function<void(const TableEvent&)>;
@@ -40,8 +41,10 @@ public:
     // screen reader reads the card.
     void SetCardReading(std::function<CardStanding(int card)> reading);
     // Feeds the talk with the commentary and the messages, and speaks what
-    // it gathers once the running steps reach their next wait.
+    // it gathers whenever the game stops to wait and the talk finds it due.
     void SetTalk(TableTalk& talk);
+    // Speaks what the review tells for its letters, at once.
+    void SetReview(TableReview& review);
     // Shows the window in the middle of its screen.
     void ShowCentred();
     // The table itself: the widget of fixed size that holds every card and
@@ -110,7 +113,9 @@ private:
     TableEventHandler handler_;
     SpokenNotice* notice_;
     std::array<CardStanding, 49> standings_{};
+    const Game* game_ = nullptr;
     TableTalk* talk_ = nullptr;
+    TableReview* review_ = nullptr;
     TableKeyboard* keyboard_ = nullptr;
 };
 

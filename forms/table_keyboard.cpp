@@ -44,6 +44,13 @@ std::optional<TableKey> KeyOfTable(const QKeyEvent& key) {
     }
 }
 
+// A plain letter, or the letter pressed with Alt alone.
+char LetterOf(const QKeyEvent& key, Qt::KeyboardModifiers with) {
+    if ((key.modifiers() & ~Qt::KeypadModifier) != with) return 0;
+    if (key.key() < Qt::Key_A || key.key() > Qt::Key_Z) return 0;
+    return static_cast<char>('a' + (key.key() - Qt::Key_A));
+}
+
 }  // namespace
 
 FocusRing::FocusRing(QWidget* parent) : QWidget(parent) {
@@ -212,8 +219,22 @@ bool TableKeyboard::TakesKeys(QObject* watched) const {
 }
 
 bool TableKeyboard::KeyPressed(QKeyEvent& key) {
+    if (game_ == nullptr) return false;
+    // A review letter tells and changes nothing, the focus neither.
+    if (const auto review = ReviewOfLetter(LetterOf(key, Qt::NoModifier)); review && review_) {
+        review_(*review, Sight());
+        return true;
+    }
+    // Alt with a letter that no caption marks now (the sort button's, once
+    // the game has written its caption).
+    if (const char letter = LetterOf(key, Qt::AltModifier); letter != 0) {
+        const std::optional<TableEvent> click =
+            PressTableKey(focus_, *game_, Sight(), {TableKey::AltLetter, letter});
+        if (click) send_(*click);
+        return click.has_value();
+    }
     const std::optional<TableKey> tableKey = KeyOfTable(key);
-    if (!tableKey || game_ == nullptr) return false;
+    if (!tableKey) return false;
     SetKeyboardInUse(true);
     TakeFocusFromWidget();
     const std::optional<TableEvent> click = PressTableKey(focus_, *game_, Sight(), {*tableKey});

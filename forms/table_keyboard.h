@@ -12,6 +12,7 @@
 
 #include "forms/table_view.h"
 #include "game/table_keys.h"
+#include "game/table_review.h"
 
 namespace trickhaven {
 
@@ -41,6 +42,9 @@ public:
 
     // The game whose hand the keys walk; without one the keys do nothing.
     void SetGame(const Game* game);
+    // Where the review's letters go, with the cards as the table shows them.
+    using Review = std::function<void(ReviewKind, const TableSight&)>;
+    void SetReview(Review review) { review_ = std::move(review); }
     // A card picture changed: the focus follows the hand once the logic
     // next serves events.
     void HandChanged();
@@ -70,6 +74,7 @@ private:
     const std::array<CardPicture*, CardCount + 1>& cards_;
     ControlByName control_;
     Send send_;
+    Review review_;
     const Game* game_ = nullptr;
     TableFocus focus_;
     FocusRing* ring_;

@@ -210,7 +210,11 @@ std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const 
         case TableKey::Escape:
             return PressEscape(g.view);
         case TableKey::AltLetter:
-            return std::nullopt;
+            if (std::tolower(static_cast<unsigned char>(key.letter)) != SortLetter ||
+                !StopShown(g.view, TableStop::Sort, handHasCard)) {
+                return std::nullopt;
+            }
+            return StopClick(TableStop::Sort);
     }
     return std::nullopt;
 }

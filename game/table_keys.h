@@ -121,11 +121,16 @@ struct TableFocus {
 // whose control has gone gives the focus back to the hand.
 void FollowTable(TableFocus& focus, const Game& g, const TableSight& sight);
 
+// The letter that the sort button's first caption marks ("&Sort Same"); the
+// game writes its later captions without a mark.
+inline constexpr char SortLetter = 's';
+
 // A key pressed on the table: moves the focus and gives the click the key
 // stands for, if any. Enter and Space click the focused card or control;
 // K knocks while "Knock?" is shown, wherever the focus is, as a click can
-// only hit the label while it shows. Escape closes the meld reminder with
-// its O.K, else takes "Cancel and Take Card" while the meld offer is up.
+// only hit the label while it shows; Alt+S sorts while the sort button
+// shows, whatever it reads. Escape closes the meld reminder with its O.K,
+// else takes "Cancel and Take Card" while the meld offer is up.
 std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const TableSight& sight,
                                         KeyPress key);
 

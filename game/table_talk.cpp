@@ -1,18 +1,32 @@
 #include "game/table_talk.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 
 namespace trickhaven {
 
 namespace {
 
-const std::string& SideName(const Game& g, int who) {
-    return who == ThePlayer ? g.PlayerName : g.OpponentName;
+// The prompts that come back at every trick: the player knows his turn from
+// what was told before it, and the meld offer is asked in a word.
+constexpr std::array<const char*, 4> kCardPrompts{
+    " please click card you wish to play.", " please click the card you wish to play",
+    " your lead, please click card to play", " your turn, please click card to play"};
+constexpr std::array<const char*, 2> kMeldPrompts{
+    " click Meld to make or Cancel to receive card.",
+    " Click a Meld to make or click Cancel to receive a card"};
+constexpr const char* kMeldAsked = "Meld?";
+
+bool EndsWithOneOf(const std::string& text, const auto& endings) {
+    return std::any_of(endings.begin(), endings.end(), [&](const std::string& ending) {
+        return text.size() >= ending.size() &&
+               text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+    });
 }
 
-std::string Points(int points) {
-    return std::to_string(points) + (points == 1 ? " point" : " points");
+const std::string& SideName(const Game& g, int who) {
+    return who == ThePlayer ? g.PlayerName : g.OpponentName;
 }
 
 std::string FourName(int value) {
@@ -39,6 +53,12 @@ std::string MeldName(const PlayLogEvent& event) {
     if (kind == "marriage") return "a marriage in " + SuitWord(event.suit);
     if (kind == "dix") return "the dix";
     return "a meld";
+}
+
+// "Ada 120, Lorinda 95".
+std::string BothSides(const Game& g, int player, int robot) {
+    return g.PlayerName + " " + std::to_string(player) + ", " + g.OpponentName + " " +
+           std::to_string(robot);
 }
 
 // The number as a whole word of the line, not a piece of a longer one.
@@ -78,86 +98,85 @@ void TableTalk::Hear(const Game& g, const PlayLogEvent& event) {
     Fact fact;
     switch (event.kind) {
         case PlayLogKind::Card:
-            // The player's own card is told by the commentary as he plays it.
-            if (event.who != TheRobot) return;
-            fact = {g.OpponentName, Card(g, event.card).Name};
-            text = g.OpponentName + " plays the " + Card(g, event.card).Name;
+            fact = {SideName(g, event.who), Card(g, event.card).Name};
+            // The player's own card is his doing: he knows it.
+            if (event.who == TheRobot) text = g.OpponentName + ": " + Card(g, event.card).Name;
             break;
         case PlayLogKind::Trick:
             fact = {SideName(g, event.winner), std::to_string(event.points)};
-            text = SideName(g, event.winner) + " takes the trick for " + Points(event.points);
+            text = SideName(g, event.winner) + "'s trick, " + std::to_string(event.points);
             break;
         case PlayLogKind::Draw:
             // The robot's cards are hidden, but for the up card, which all
             // have seen.
             if (event.who == ThePlayer || event.card == g.UpCard) {
-                text = SideName(g, event.who) + " draws the " + Card(g, event.card).Name;
+                text = SideName(g, event.who) + " draws " + Card(g, event.card).Name;
             } else {
                 text = g.OpponentName + " draws";
             }
             break;
         case PlayLogKind::Meld:
             fact = {SideName(g, event.who), std::to_string(event.points)};
-            text = SideName(g, event.who) + " melds " + MeldName(event) + " for " +
-                   Points(event.points);
+            text = SideName(g, event.who) + " melds " + MeldName(event) + ", " +
+                   std::to_string(event.points);
             break;
         case PlayLogKind::MeldTurn:
             return;
         case PlayLogKind::HandEnd:
-            text = "End of the hand: " + g.PlayerName + " " +
-                   std::to_string(g.PlayerTotalMelds + g.PlayerTotalTricks) + ", " +
-                   g.OpponentName + " " +
-                   std::to_string(g.OpponentTotalMelds + g.OpponentTotalTricks) +
-                   ". Total scores: " + g.PlayerName + " " + std::to_string(g.PlayerTotal) + ", " +
-                   g.OpponentName + " " + std::to_string(g.OpponentTotal);
+            text = "Hand over: " +
+                   BothSides(g, g.PlayerTotalMelds + g.PlayerTotalTricks,
+                             g.OpponentTotalMelds + g.OpponentTotalTricks) +
+                   ". Totals: " + BothSides(g, g.PlayerTotal, g.OpponentTotal);
             break;
         case PlayLogKind::GameEnd:
-            text = SideName(g, event.winner) + " wins the game, " + g.PlayerName + " " +
-                   std::to_string(g.PlayerTotal) + ", " + g.OpponentName + " " +
-                   std::to_string(g.OpponentTotal);
+            text = SideName(g, event.winner) + " wins the game, " +
+                   BothSides(g, g.PlayerTotal, g.OpponentTotal);
             break;
     }
-    const bool saidAlready =
-        std::any_of(commentedSinceEvent_.begin(), commentedSinceEvent_.end(),
-                    [&](const std::string& line) { return Repeats(line, fact); });
-    commentedSinceEvent_.clear();
-    // Kept even when the commentary told it first: the same card may be
-    // written again once it lies on the table.
-    told_.assign(1, fact);
-    if (!saidAlready) Tell(text);
+    // A card played, or a new hand, starts what the commentary may repeat.
+    if (event.kind == PlayLogKind::Card || event.kind == PlayLogKind::HandEnd) facts_.clear();
+    // The commentary that told this first gives way to the shorter telling.
+    std::erase_if(waiting_,
+                  [&](const Line& line) { return line.commentary && Repeats(line.text, fact); });
+    if (!fact.side.empty()) facts_.push_back(fact);
+    Tell(text, false);
 }
 
 void TableTalk::Commentary(const std::string& text) {
     // The same words written again change nothing on the table.
     if (text == lastCommentary_) return;
     lastCommentary_ = text;
-    const auto repeat = std::find_if(told_.begin(), told_.end(),
-                                     [&](const Fact& fact) { return Repeats(text, fact); });
-    if (repeat != told_.end()) {
-        told_.erase(repeat);
+    if (EndsWithOneOf(text, kCardPrompts)) return;
+    if (EndsWithOneOf(text, kMeldPrompts)) {
+        Tell(kMeldAsked, true);
         return;
     }
-    commentedSinceEvent_.push_back(text);
-    Tell(text);
+    if (std::any_of(facts_.begin(), facts_.end(),
+                    [&](const Fact& fact) { return Repeats(text, fact); })) {
+        return;
+    }
+    Tell(text, true);
 }
 
-void TableTalk::MessageOpens(const std::string& title, const std::string& text) {
-    Tell(title.empty() ? text : Sentence(title) + " " + text);
-}
+void TableTalk::MessageOpens() { messageOpen_ = true; }
 
-void TableTalk::Tell(std::string text) {
+void TableTalk::Tell(std::string text, bool commentary) {
     if (text.empty()) return;
-    const bool first = waiting_.empty();
-    waiting_.push_back(Sentence(std::move(text)));
-    if (first && onNews) onNews();
+    waiting_.push_back({Sentence(std::move(text)), commentary});
 }
 
-std::string TableTalk::TakeSpoken() {
+std::string TableTalk::TakeSpoken(const Game& g) {
+    // The player's own meld is his doing while it runs, not a wait for him.
+    const bool awaited = (g.PlayerMayPlay || g.MeldAwaited) && !g.MeldCommandRunning;
+    const bool due = messageOpen_ || awaited || !g.GameOn;
+    if (!due) return "";
+    messageOpen_ = false;
     std::string spoken;
-    for (const std::string& text : waiting_) {
-        spoken += (spoken.empty() ? "" : " ") + text;
+    for (const Line& line : waiting_) {
+        spoken += (spoken.empty() ? "" : " ") + line.text;
     }
     waiting_.clear();
+    if (!spoken.empty()) lastSpoken_ = spoken;
     return spoken;
 }
 

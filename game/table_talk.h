@@ -1,11 +1,11 @@
 // What a player who cannot see the table is told: the robot's cards, the
-// tricks taken, the draws, the melds, the ends of a hand and of a game, the
-// running commentary of the status bar and every message as it opens. The
-// texts are gathered as play goes and handed out joined, once for all that
-// happened at once, for the window to speak; nothing of this is drawn.
+// tricks taken, the draws, the melds, the ends of a hand and of a game, what
+// the status bar's commentary adds to them and every message as it opens.
+// The texts are short, and all that happens while the robot's side runs is
+// held and handed out joined, once the game waits for the player or a
+// message opens, for the window to speak; nothing of this is drawn.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,15 +19,17 @@ public:
     void Hear(const Game& g, const PlayLogEvent& event);
     // A new text of the status bar's commentary (or of the trumps' panel).
     void Commentary(const std::string& text);
-    // A message box opening.
-    void MessageOpens(const std::string& title, const std::string& text);
+    // A message box opening: what is held is told now, before it. The box
+    // itself a screen reader reads from the dialog, so its text is not told.
+    void MessageOpens();
 
-    // All that was told since the last call, as one text; empty when nothing
-    // was.
-    std::string TakeSpoken();
-
-    // Called when a text arrives and nothing waits to be spoken.
-    std::function<void()> onNews;
+    // All that was told since the last time, as one text, once it is time
+    // to speak: the game waits for the player's card or meld (not while his
+    // meld runs), or for no one, or a message has opened. Empty until then, and when nothing was
+    // told.
+    std::string TakeSpoken(const Game& g);
+    // The last text handed out, for the player who asks to hear it again.
+    const std::string& LastSpoken() const { return lastSpoken_; }
 
 private:
     // A thing the table shows that an event and the commentary may both
@@ -36,15 +38,20 @@ private:
         std::string side;
         std::string mark;
     };
-    void Tell(std::string text);
+    struct Line {
+        std::string text;
+        bool commentary = false;
+    };
+    void Tell(std::string text, bool commentary);
     static bool Repeats(const std::string& line, const Fact& fact);
 
-    std::vector<std::string> waiting_;
+    std::vector<Line> waiting_;
+    bool messageOpen_ = false;
     std::string lastCommentary_;
-    // The last event's fact, until a commentary line repeats it; and the
-    // commentary lines since the last event, which an event may repeat.
-    std::vector<Fact> told_;
-    std::vector<std::string> commentedSinceEvent_;
+    std::string lastSpoken_;
+    // The facts of the events since the last card played: the commentary
+    // that repeats one, before or after its event, is not told.
+    std::vector<Fact> facts_;
 };
 
 }  // namespace trickhaven

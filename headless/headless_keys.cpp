@@ -65,6 +65,14 @@ void HeadlessKeyboard::Follow(const Game& g, const HeadlessTable& table) {
     FollowTable(focus_, g, SightOf(table));
 }
 
+std::optional<std::string> PressReview(const Game& g, const HeadlessTable& table,
+                                       const TableReview& review, const std::string& lastTold,
+                                       char letter) {
+    const std::optional<ReviewKind> kind = ReviewOfLetter(letter);
+    if (!kind) return std::nullopt;
+    return review.Tell(*kind, g, SightOf(table), lastTold);
+}
+
 std::vector<KeyPress> KeysToAnswer(const MessageRecord& message, int button) {
     if (button == 0) return {{TableKey::Enter}};
     if (RefusingButton(message.buttons) == button) return {{TableKey::Escape}};

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "game/table_keys.h"
+#include "game/table_review.h"
 #include "headless/headless_table.h"
 
 namespace trickhaven {
@@ -38,6 +40,12 @@ private:
 
     TableFocus focus_;
 };
+
+// A plain letter pressed on the table: what the review tells for it, as the
+// window speaks it, or nothing when the letter asks for no review.
+std::optional<std::string> PressReview(const Game& g, const HeadlessTable& table,
+                                       const TableReview& review, const std::string& lastTold,
+                                       char letter);
 
 // The keys a player presses in the message box for a button: Enter for the
 // first, Escape for one that says no, else Tab to it and Space.

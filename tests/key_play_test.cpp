@@ -1,7 +1,9 @@
 // A whole game played from the keyboard ends on the very table that the
 // same game played with clicks leaves: the keys walk to each card and
 // control and press it, answer every message, knock, and make the clicks'
-// mistakes too (a card that may not be played, a card pressed twice).
+// mistakes too (a card that may not be played, a card pressed twice); and
+// the review's letters, pressed all along, in waits and while the player
+// is awaited, change nothing.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -78,6 +80,41 @@ private:
     int choices_ = 0;
 };
 
+// All that a key could change: the cards, the game's run and scores, the
+// clock, the focus and the table's record.
+std::string Standing(const HeadlessGame& hg) {
+    const Game& g = hg.game;
+    std::string standing;
+    for (int card = 1; card <= CardCount; ++card) {
+        standing += std::to_string(Card(g, card).Place) + ":" +
+                    std::to_string(CardFlagBits(Card(g, card))) + " ";
+    }
+    for (const int value : {int{g.TrickCount},
+                            g.Leader,
+                            int{g.PlayerMayPlay},
+                            int{g.MeldAwaited},
+                            int{g.GameOn},
+                            int{g.StockLeft},
+                            g.UpCard,
+                            g.LeadCard,
+                            g.FollowCard,
+                            int{g.DelayMs},
+                            g.DelayStart,
+                            int{g.PlayerTotal},
+                            int{g.OpponentTotal},
+                            int{g.PlayerTotalTricks},
+                            int{g.OpponentTotalTricks},
+                            int{g.PlayerTotalMelds},
+                            int{g.OpponentTotalMelds},
+                            int{g.TargetScore},
+                            hg.platform.keyboard.Focus().hand.card,
+                            static_cast<int>(hg.platform.keyboard.Focus().stop),
+                            static_cast<int>(hg.table.timeline.size())}) {
+        standing += std::to_string(value) + " ";
+    }
+    return standing;
+}
+
 struct Played {
     std::vector<std::string> timeline;
     std::vector<std::string> messages;
@@ -86,6 +123,10 @@ struct Played {
     // Times a card was awaited while the keys' focus was on no card of the
     // hand: the focus must keep up with the hand between two keys.
     int focusLost = 0;
+    // Rounds of events in which every review letter was pressed, while the
+    // player was awaited and in the waits.
+    int reviewsAwaited = 0;
+    int reviewsInWaits = 0;
 };
 
 Played PlayGame(std::uint64_t seed, bool byKeys) {
@@ -108,7 +149,20 @@ Played PlayGame(std::uint64_t seed, bool byKeys) {
         const int wanted = wishes.Answer(m);
         return byKeys ? AnswerByKeys(m, KeysToAnswer(m, wanted)).value_or(-1) : wanted;
     };
-    hg.platform.stopWhen = [&](const Game&) { return hg.platform.rounds > 3'000'000; };
+    TableReview review;
+    hg.game.onPlay = [&](const Game& g, const PlayLogEvent& e) { review.Hear(g, e); };
+    hg.platform.stopWhen = [&](const Game& g) {
+        if (byKeys && hg.platform.rounds % 3 == 0) {
+            const std::string before = Standing(hg);
+            for (const char letter : std::string(ReviewLetters)) {
+                const auto told = PressReview(g, hg.table, review, "", letter);
+                EXPECT_TRUE(told && !told->empty()) << letter;
+            }
+            EXPECT_EQ(Standing(hg), before) << "a review letter changed the game";
+            ++(g.PlayerMayPlay || g.MeldAwaited ? played.reviewsAwaited : played.reviewsInWaits);
+        }
+        return hg.platform.rounds > 3'000'000;
+    };
     EXPECT_FALSE(hg.Run()) << "the game did not come to its end";
     played.timeline = hg.table.timeline;
     played.presses = hg.platform.keyboard.presses;
@@ -135,6 +189,7 @@ TEST(KeyPlay, AWholeGameByKeysEndsOnTheTableThatTheClicksLeave) {
     EXPECT_EQ(keys.messages, clicks.messages);
     EXPECT_EQ(keys.events, clicks.events);
     EXPECT_EQ(keys.focusLost, 0);
+    EXPECT_GT(keys.reviewsAwaited * keys.reviewsInWaits, 0);
     // The game had what it is played for: both answers of the last pair, a
     // follow refused, the game's end, the marriage panel and a knock.
     auto count = [](const std::vector<std::string>& lines, const std::string& what) {

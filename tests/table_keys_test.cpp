@@ -1,10 +1,12 @@
 // The keyboard's rules: which cards the keys walk and in which order, where
-// the focus goes when the hand changes, Tab's round of the controls, and
-// which button of a message each key clicks.
+// the focus goes when the hand changes, Tab's round of the controls, which
+// button of a message each key clicks, and what the review's letters tell.
 #include "game/table_keys.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -179,6 +181,78 @@ TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
     ASSERT_TRUE(hg.Run());
     EXPECT_EQ(focusAndFirst.size(), 2U);
     for (const auto& [focused, first] : focusAndFirst) EXPECT_EQ(focused, first);
+}
+
+// Alt+S sorts whatever the sort button reads, and only while it shows.
+TEST(TableKeys, AltSSortsWhateverTheSortButtonReads) {
+    KeysTable t;
+    TableFocus focus;
+    auto press = [&](KeyPress key) { return PressTableKey(focus, t.g, SightOf(t.hg.table), key); };
+    const KeyPress altS{K::AltLetter, 'S'};
+    EXPECT_FALSE(press(altS));
+    t.hg.table.SetControlVisible(TableControl::CmdSort, true);
+    t.hg.table.SetCaption(TableLabel::CmdSort, "Sort Suits");
+    EXPECT_EQ(press(altS), TableEvent{E::SortClick});
+    EXPECT_FALSE(press(KeyPress{K::AltLetter, 'q'}));
+}
+
+TEST(TableReview, EachLetterTellsWhatTheTableShowsNow) {
+    KeysTable t;  // Hearts trumps, the second Nine of Hearts turned up, trick 4
+    Game& g = t.g;
+    TableReview review;
+    auto tell = [&](char letter) {
+        return PressReview(g, t.hg.table, review, "Ada's trick, 4. Meld?", letter);
+    };
+    EXPECT_EQ(tell('t'), "No trick played yet in this hand.");
+    const std::vector<std::pair<PlayLogEvent, std::string>> trick{
+        {CardPlayed(TheRobot, AS), "On the table: Lorinda, Ace of Spades."},
+        {CardPlayed(ThePlayer, KS), "On the table: Lorinda, Ace of Spades; Ada, King of Spades."},
+        {TrickTaken(TheRobot, 15),
+         "Last trick: Lorinda, Ace of Spades; Ada, King of Spades. Lorinda's trick, 15."}};
+    for (const auto& [event, told] : trick) {
+        review.Hear(g, event);
+        EXPECT_EQ(tell('T'), told);
+    }
+    // The next trick waits for its first card: the last one is still told.
+    g.TrickCount = 5;
+    EXPECT_EQ(tell('t'), trick.back().second);
+    review.Hear(g, CardPlayed(TheRobot, JS));
+    EXPECT_EQ(tell('t'), "On the table: Lorinda, Jack of Spades.");
+
+    std::tie(g.PlayerTotal, g.OpponentTotal, g.PlayerTotalTricks, g.OpponentTotalTricks) =
+        std::tuple(320, 410, 42, 15);
+    std::tie(g.PlayerTotalMelds, g.OpponentTotalMelds, g.TargetScore) = std::tuple(20, 40, 750);
+    EXPECT_EQ(tell('p'),
+              "Totals: Ada 320, Lorinda 410. This hand, tricks: Ada 42, Lorinda 15; melds: Ada "
+              "20, Lorinda 40. Target 750.");
+
+    g.StockLeft = 15;
+    EXPECT_EQ(tell('u'), "Hearts are Trumps. The up card is Nine of Hearts. Stock 15.");
+    Card(g, g.UpCard).Place = PlaceOpponentHand;
+    EXPECT_EQ(tell('U'), "Hearts are Trumps. The up card, Nine of Hearts, is taken. Stock 15.");
+
+    // The marriage row under the pinochle's, each read from the left; a
+    // melded card already played is in no row.
+    t.Lay(QH, 2350, 8600, true);
+    t.Lay(KH, 2000, 8600, true);
+    t.Lay(QS1, 5960, 6405, true);
+    t.Lay(JD1, 5610, 6405, true);
+    t.Lay(AH, 2000, 7590, true);
+    Card(g, AH).Place = PlacePlayed;
+    EXPECT_EQ(tell('m'),
+              "Ada: Jack of Diamonds, Queen of Spades; King of Hearts, Queen of Hearts. Lorinda: "
+              "no melds.");
+    EXPECT_EQ(tell('l'), "Ada's trick, 4. Meld?");
+    EXPECT_EQ(PressReview(g, t.hg.table, review, "", 'L'), "Nothing told yet.");
+    // No other letter asks, and none is the knock's; the manual lists them.
+    for (const char letter : std::string("abcdefghijknoqrsvwxyz")) {
+        EXPECT_FALSE(ReviewOfLetter(letter)) << letter;
+    }
+    std::ifstream manualFile(TRICKHAVEN_MANUAL);
+    const std::string manual{std::istreambuf_iterator<char>(manualFile), {}};
+    for (const char letter : std::string(ReviewLetters)) {
+        EXPECT_NE(manual.find(std::string("\n.B ") + letter + "\n"), std::string::npos) << letter;
+    }
 }
 
 TEST(MessageKeys, EachKeyClicksTheButtonItStandsForInEveryChoiceOfTheGame) {

@@ -1,16 +1,24 @@
 // The keys in the window: which widgets take the focus, Tab's order, the
-// focus following the hand, and the ring shown only to the keyboard.
+// focus following the hand, the ring shown only to the keyboard, and the
+// review's letters and Alt+S.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
 #include <QTest>
 
+#include "forms/about_box.h"
 #include "forms/card_picture.h"
+#include "forms/help_pages.h"
 #include "forms/qt_platform.h"
 #include "forms/table_keyboard.h"
 #include "forms_test_support.h"
 #include "game/card_table.h"
 #include "game/hand_setup.h"
+#include "game/table_review.h"
+#include "game/table_talk.h"
 
 namespace trickhaven {
 namespace {
@@ -101,6 +109,70 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheR
     QApplication::processEvents();
     Press(Qt::Key_Return, Picture(25));
     EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::CardClick, 3})));
+}
+
+// A review letter is spoken at once, wherever the focus is on the table,
+// and clicks nothing; Alt+S presses the sort button whatever it reads.
+TEST_F(TableKeysTest, ReviewLettersSpeakAtOnceAndAltSSortsWhateverTheSortButtonReads) {
+    TableTalk talk;
+    TableReview review;
+    table.SetTalk(talk);
+    table.SetReview(review);
+    g.PlayerName = "Ada";
+    g.TrumpSuit = Spades;
+    g.UpCard = 38;
+    Card(g, g.UpCard).Place = PlaceUpCard;
+    g.StockLeft = 20;
+    Deal({25, 3});
+    table.SetControlVisible(TableControl::FramDeclare, true);
+    QWidget* notice = table.findChild<SpokenNotice*>();
+    for (QWidget* at : {Picture(3), FindControl(table, "CmdCancel")}) {
+        notice->setAccessibleName("");
+        QTest::keyClick(at, Qt::Key_U);
+        EXPECT_EQ(notice->accessibleName(),
+                  "Spades are Trumps. The up card is Ace of Spades. Stock 20.");
+        EXPECT_TRUE(notice->isVisible());
+        QTest::keyClick(at, Qt::Key_L);
+        EXPECT_EQ(notice->accessibleName(), "Nothing told yet.");
+    }
+    table.SetControlVisible(TableControl::FramDeclare, false);
+    table.SetControlVisible(TableControl::CmdSort, true);
+    for (const char* caption : {"Sort Suits", "Sort Same"}) {
+        table.SetCaption(TableLabel::CmdSort, caption);
+        QTest::keyClick(Picture(3), Qt::Key_S, Qt::AltModifier);
+    }
+    EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::SortClick})));
+}
+
+// The review's letters and K are plain keys that no caption of the table,
+// its panels, its menus, the help pages or the About box marks.
+TEST_F(TableKeysTest, NoCaptionMarksAReviewLetter) {
+    CardArt art;
+    FrmHelp help(art);
+    FrmHelp2 help2(art);
+    FrmHelp3 help3(art);
+    FrmAbout about;
+    QStringList captions;
+    for (QWidget* form :
+         std::initializer_list<QWidget*>{table.Surface(), &help, &help2, &help3, &about}) {
+        for (const auto* button : form->findChildren<QAbstractButton*>()) {
+            captions << button->text();
+        }
+        for (const auto* label : form->findChildren<QLabel*>()) captions << label->text();
+    }
+    for (const QAction* action : table.menuBar()->findChildren<QAction*>()) {
+        captions << action->text();
+    }
+    int marked = 0;
+    for (const QString& caption : captions) {
+        const QKeySequence mark = QKeySequence::mnemonic(caption);
+        if (mark.isEmpty()) continue;
+        ++marked;
+        const QString letter = QKeySequence(mark[0].key()).toString();
+        EXPECT_FALSE(QString(ReviewLetters).contains(letter) || letter == "K")
+            << caption.toStdString();
+    }
+    EXPECT_GE(marked, 7) << "the marked captions were found";
 }
 
 // A panel takes the focus on its first button; Enter or Space on each stop

@@ -20,6 +20,7 @@ class KeysPlayer:
         self.hand_over = False
         self.figures_at_end = {}
         self.answered_totals = False
+        self.reviewed = False
 
     def dialog(self, app):
         """The message box open now, if one is."""
@@ -39,7 +40,7 @@ class KeysPlayer:
             self.quiet_ticks -= 1
             return False
         spoken = listener.spoken()
-        if not self.hand_over and any(t.find("End of the hand") >= 0 for t in spoken):
+        if not self.hand_over and any(t.find("Hand over: ") >= 0 for t in spoken):
             self.hand_over = True
             _, figures, _ = listener.read_tree()
             for name in figures:
@@ -71,7 +72,12 @@ class KeysPlayer:
             self.press(key, "Tab")
             return False
         if role == pyatspi.ROLE_PUSH_BUTTON and " of " in name:
-            if description == "":
+            if not self.reviewed:
+                # Once, before the first card: the trumps and the stock told
+                # again on demand.
+                self.reviewed = True
+                self.press(key, "u")
+            elif description == "":
                 self.moves = 0
                 self.press(key, "Return")
                 self.quiet_ticks = 3
@@ -109,21 +115,21 @@ def report(listener):
     spoken = " ".join(listener.spoken())
     failures = []
     robot = listener.robot_name
-    cards = len(re.findall(robot + r" (plays the|plays|has played) \w+ of \w+", spoken))
-    tricks = len(re.findall(r"(takes the trick for \d+ points?|'s trick score is \d+)", spoken))
+    cards = len(re.findall(robot + r": \w+ of \w+", spoken))
+    tricks = len(re.findall(r"'s trick, \d+\.", spoken))
     print(f"keys pressed: {len(PLAYER.keys)}; heard {cards} robot cards, {tricks} tricks")
     if tricks != 24:
         failures.append(f"{tricks} tricks told, not 24")
     if cards < 24:
         failures.append(f"{cards} robot cards told, not 24")
-    if "End of the hand" not in spoken:
+    if "Hand over: " not in spoken:
         failures.append("the hand's totals were not told")
+    if not re.search(r"\w+ are Trumps\. The up card", spoken):
+        failures.append("the review's U was not heard")
     for side, total in PLAYER.figures_at_end.items():
         told = 0
-        for match in re.finditer(re.escape(side) + r" ?(?:melds [^.]* for (\d+) points?|"
-                                 r"scores (\d+) for|scores for run (\d+)|"
-                                 r"melded Dix for (\d+) points)", spoken):
-            told += int(next(g for g in match.groups() if g))
+        for match in re.finditer(re.escape(side) + r" melds [^.,]*, (\d+)\.", spoken):
+            told += int(match.group(1))
         print(f"{side}: melds told {told}, total melds shown {total}")
         if told != total:
             failures.append(f"{side}'s melds told add to {told}, the panel shows {total}")
