@@ -53,15 +53,20 @@ std::size_t BestChoice(const SeatView& v, std::size_t choices, Apply apply) {
     return best;
 }
 
-// Round Two's points for the side from where the state stands, with both
-// sides playing perfectly.
-int ExactTricksFor(const HandState& s, int side) {
+// The hand's points of the side less the other's once Round Two is played
+// out perfectly from where the state stands.
+int ExactWorth(const HandState& s, int side) {
     const RoundTwoAnswer answer = BestRoundTwoCard(s);
     int remaining = 0;
     for (CardSet rest = s.hands[0] | s.hands[1]; rest != kNoCards;) {
         remaining += CardPoints(PopCard(rest));
     }
-    return s.tricks[side] + (SideToAct(s) == side ? answer.points : remaining - answer.points);
+    const int toPlay = SideToAct(s);
+    std::array<int, 2> points{s.melds[0] + s.tricks[0], s.melds[1] + s.tricks[1]};
+    points[static_cast<std::size_t>(toPlay)] += answer.points;
+    points[static_cast<std::size_t>(OtherSide(toPlay))] += remaining - answer.points;
+    return points[static_cast<std::size_t>(side)] -
+           points[static_cast<std::size_t>(OtherSide(side))];
 }
 
 }  // namespace
@@ -103,10 +108,7 @@ bool ExpertTakesStockCard(const SeatView& v) {
         HandState s = now;
         ShareLastPair(s, stockCard);
         MakeMeld(s, RichestMeld(s));
-        const int mine = s.melds[v.side] + ExactTricksFor(s, v.side);
-        const int other = OtherSide(v.side);
-        const int theirs = s.melds[other] + ExactTricksFor(s, other);
-        worth[stockCard ? 1 : 0] = mine - theirs;
+        worth[stockCard ? 1 : 0] = ExactWorth(s, v.side);
     }
     return worth[1] > worth[0];
 }

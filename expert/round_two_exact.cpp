@@ -1,7 +1,8 @@
 #include "expert/round_two_exact.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <array>
+#include <vector>
 
 namespace trickhaven::expert {
 
@@ -13,22 +14,21 @@ struct Position {
     int led;
 };
 
-struct HandsKey {
-    CardSet toPlay;
-    CardSet other;
-    bool operator==(const HandsKey&) const = default;
+struct Ordered {
+    std::array<int, 12> cards{};
+    int count = 0;
 };
 
-struct HandsHash {
-    std::size_t operator()(const HandsKey& key) const {
-        return static_cast<std::size_t>((key.toPlay * 0x9E3779B97F4A7C15ULL) ^ key.other);
-    }
-};
-
+// What is known of a position at the start of a trick: bounds on its
+// value, in a table indexed by a hash of both hands.
 struct Bound {
-    std::int16_t lower;
-    std::int16_t upper;
+    CardSet toPlay = kNoCards;
+    CardSet other = kNoCards;
+    std::int16_t lower = 0;
+    std::int16_t upper = 1000;
 };
+
+constexpr std::size_t kTableBits = 16;
 
 int PointsIn(CardSet set) {
     int points = 0;
@@ -44,34 +44,33 @@ public:
     // led among them), within the window (alpha, beta).
     int Value(const Position& p, int remaining, int alpha, int beta) {
         if (p.toPlay == kNoCards) return 0;
-        const HandsKey key{p.toPlay, p.other};
-        if (p.led == 0) {
-            if (const auto found = table_.find(key); found != table_.end()) {
-                if (found->second.lower >= beta) return found->second.lower;
-                if (found->second.upper <= alpha) return found->second.upper;
-                alpha = std::max<int>(alpha, found->second.lower);
-                beta = std::min<int>(beta, found->second.upper);
-            }
+        if (const Bound& known = table_[Slot(p)];
+            p.led == 0 && known.toPlay == p.toPlay && known.other == p.other) {
+            if (known.lower >= beta || known.lower == known.upper) return known.lower;
+            if (known.upper <= alpha) return known.upper;
+            alpha = std::max<int>(alpha, known.lower);
+            beta = std::min<int>(beta, known.upper);
         }
         const int alphaIn = alpha;
         int best = -1;
-        for (CardSet moves = Moves(p); moves != kNoCards;) {
-            const int card = PopCard(moves);
-            // The twin of a card just tried plays the same.
-            moves &= ~RankCards(SuitOf(card), RankIndexOf(card));
+        const Ordered moves = OrderedMoves(p);
+        for (int i = 0; i < moves.count; ++i) {
+            const int card = moves.cards[static_cast<std::size_t>(i)];
             const int value = Child(p, card, remaining, alpha, beta);
             if (value > best) best = value;
             if (best > alpha) alpha = best;
             if (alpha >= beta) break;
         }
         if (p.led == 0) {
-            Bound& bound = table_.try_emplace(key, Bound{0, 1000}).first->second;
+            Bound& bound = table_[Slot(p)];
+            if (bound.toPlay != p.toPlay || bound.other != p.other) bound = {p.toPlay, p.other};
             if (best <= alphaIn) {
                 bound.upper = static_cast<std::int16_t>(best);
             } else if (best >= beta) {
                 bound.lower = static_cast<std::int16_t>(best);
             } else {
-                bound = {static_cast<std::int16_t>(best), static_cast<std::int16_t>(best)};
+                bound.lower = static_cast<std::int16_t>(best);
+                bound.upper = bound.lower;
             }
         }
         return best;
@@ -91,6 +90,34 @@ public:
         return rest - Value({p.other, hand, 0}, rest, rest - beta, rest - alpha);
     }
 
+    // The cards worth trying, the likely best first: a lead by its rank,
+    // Aces first; a follow that wins before one that loses, the loser
+    // cheapest first. Of two like cards one is tried, the other plays
+    // the same.
+    Ordered OrderedMoves(const Position& p) const {
+        const CardSet moves = Moves(p);
+        CardSet winners = moves;
+        if (p.led != 0) {
+            winners = kNoCards;
+            for (CardSet rest = moves; rest != kNoCards;) {
+                const int card = PopCard(rest);
+                if (FollowerWins(p.led, card, trump_)) winners |= CardBit(card);
+            }
+        }
+        Ordered ordered;
+        auto add = [&ordered](CardSet set, int rank) {
+            for (int suit = Diamonds; suit <= Spades; ++suit) {
+                const CardSet twins = set & RankCards(suit, rank);
+                if (twins != kNoCards) {
+                    ordered.cards[static_cast<std::size_t>(ordered.count++)] = FirstCard(twins);
+                }
+            }
+        };
+        for (int rank = 0; rank < 6; ++rank) add(winners, rank);
+        for (int rank = 5; rank >= 0; --rank) add(moves & ~winners, rank);
+        return ordered;
+    }
+
     CardSet Moves(const Position& p) const {
         if (p.led == 0) return p.toPlay;
         if (const CardSet suit = p.toPlay & SuitCards(SuitOf(p.led)); suit != kNoCards) return suit;
@@ -100,7 +127,13 @@ public:
 
 private:
     int trump_;
-    std::unordered_map<HandsKey, Bound, HandsHash> table_;
+    static std::size_t Slot(const Position& p) {
+        const std::uint64_t hash =
+            (p.toPlay * 0x9E3779B97F4A7C15ULL) ^ (p.other * 0xC2B2AE3D27D4EB4FULL);
+        return static_cast<std::size_t>(hash >> (64 - kTableBits));
+    }
+
+    std::vector<Bound> table_ = std::vector<Bound>(std::size_t{1} << kTableBits);
 };
 
 }  // namespace
@@ -112,9 +145,9 @@ RoundTwoAnswer BestRoundTwoCard(const HandState& s) {
     Search search(s.trump);
     RoundTwoAnswer answer;
     answer.points = -1;
-    for (CardSet moves = search.Moves(p); moves != kNoCards;) {
-        const int card = PopCard(moves);
-        moves &= ~RankCards(SuitOf(card), RankIndexOf(card));
+    const Ordered moves = search.OrderedMoves(p);
+    for (int i = 0; i < moves.count; ++i) {
+        const int card = moves.cards[static_cast<std::size_t>(i)];
         const int value = search.Child(p, card, remaining, answer.points, remaining + 1);
         if (value > answer.points) answer = {card, value};
     }
