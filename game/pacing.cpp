@@ -47,7 +47,7 @@ void WaitDelay(Game& g) {
 
 void WaitDealSound(Game& g) {
     g.platform.PlaySound("carddeal1.wav");
-    g.DelayStart = g.platform.TickCount();
+    g.DelayStart = g.platform.TickCount() - std::exchange(g.ThinkingMs, 0);
     WaitFromDelayStart(g);
 }
 
