@@ -245,12 +245,12 @@ int SideToAct(const HandState& s) {
     return s.stage == Stage::Card && s.led != 0 ? OtherSide(s.leader) : s.leader;
 }
 
-int PlayCard(HandState& s, int card) {
+void PlayCard(HandState& s, int card) {
     const int side = SideToAct(s);
     s.hands[side] &= ~CardBit(card);
     if (s.led == 0) {
         s.led = card;
-        return -1;
+        return;
     }
     const int winner = FollowerWins(s.led, card, s.trump) ? side : OtherSide(side);
     s.tricks[winner] += CardPoints(s.led) + CardPoints(card);
@@ -267,7 +267,6 @@ int PlayCard(HandState& s, int card) {
         // The robot's meld of trick 12 waits for its last card.
         TestTarget(s);
     }
-    return winner;
 }
 
 void MakeMeld(HandState& s, Meld meld) {

@@ -95,9 +95,8 @@ int SideToAct(const HandState& s);
 
 // Plays the awaited card; a second card settles the trick, books its points
 // (with the 10 of trick 12) and makes the winner the leader, who melds next
-// (the robot not at trick 12). Returns the winner once the trick is
-// settled, -1 after a lead.
-int PlayCard(HandState& s, int card);
+// (the robot not at trick 12).
+void PlayCard(HandState& s, int card);
 
 // The awaited meld, or none; then the target test of Round One and both
 // draws, the winner first (no draw after trick 12).
