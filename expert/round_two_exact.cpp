@@ -26,6 +26,8 @@ struct Bound {
     CardSet other = kNoCards;
     std::int16_t lower = 0;
     std::int16_t upper = 1000;
+    // The lead that settled it, tried first when the position comes again.
+    int bestLead = 0;
 };
 
 constexpr std::size_t kTableBits = 16;
@@ -44,26 +46,33 @@ public:
     // led among them), within the window (alpha, beta).
     int Value(const Position& p, int remaining, int alpha, int beta) {
         if (p.toPlay == kNoCards) return 0;
+        int firstTry = 0;
         if (const Bound& known = table_[Slot(p)];
             p.led == 0 && known.toPlay == p.toPlay && known.other == p.other) {
             if (known.lower >= beta || known.lower == known.upper) return known.lower;
             if (known.upper <= alpha) return known.upper;
             alpha = std::max<int>(alpha, known.lower);
             beta = std::min<int>(beta, known.upper);
+            firstTry = known.bestLead;
         }
         const int alphaIn = alpha;
         int best = -1;
-        const Ordered moves = OrderedMoves(p);
+        int bestCard = 0;
+        const Ordered moves = OrderedMoves(p, firstTry);
         for (int i = 0; i < moves.count; ++i) {
             const int card = moves.cards[static_cast<std::size_t>(i)];
             const int value = Child(p, card, remaining, alpha, beta);
-            if (value > best) best = value;
+            if (value > best) {
+                best = value;
+                bestCard = card;
+            }
             if (best > alpha) alpha = best;
             if (alpha >= beta) break;
         }
         if (p.led == 0) {
             Bound& bound = table_[Slot(p)];
             if (bound.toPlay != p.toPlay || bound.other != p.other) bound = {p.toPlay, p.other};
+            bound.bestLead = bestCard;
             if (best <= alphaIn) {
                 bound.upper = static_cast<std::int16_t>(best);
             } else if (best >= beta) {
@@ -93,8 +102,8 @@ public:
     // The cards worth trying, the likely best first: a lead by its rank,
     // Aces first; a follow that wins before one that loses, the loser
     // cheapest first. Of two like cards one is tried, the other plays
-    // the same.
-    Ordered OrderedMoves(const Position& p) const {
+    // the same. A card named first goes before them all.
+    Ordered OrderedMoves(const Position& p, int first = 0) const {
         const CardSet moves = Moves(p);
         CardSet winners = moves;
         if (p.led != 0) {
@@ -105,10 +114,11 @@ public:
             }
         }
         Ordered ordered;
-        auto add = [&ordered](CardSet set, int rank) {
+        if (first != 0) ordered.cards[static_cast<std::size_t>(ordered.count++)] = first;
+        auto add = [&ordered, first](CardSet set, int rank) {
             for (int suit = Diamonds; suit <= Spades; ++suit) {
                 const CardSet twins = set & RankCards(suit, rank);
-                if (twins != kNoCards) {
+                if (twins != kNoCards && (first == 0 || (twins & CardBit(first)) == kNoCards)) {
                     ordered.cards[static_cast<std::size_t>(ordered.count++)] = FirstCard(twins);
                 }
             }
@@ -143,15 +153,23 @@ RoundTwoAnswer BestRoundTwoCard(const HandState& s) {
     const Position p{s.hands[side], s.hands[OtherSide(side)], s.led};
     const int remaining = PointsIn(p.toPlay | p.other) + (s.led != 0 ? CardPoints(s.led) : 0);
     Search search(s.trump);
-    RoundTwoAnswer answer;
-    answer.points = -1;
+    // The value is closed in by tests of one point's width, each starting
+    // from what the last one found, the table carrying what they learnt;
+    // then the first card that reaches it is the answer.
+    int lower = 0;
+    int upper = remaining;
+    int guess = remaining / 2;
+    while (lower < upper) {
+        const int beta = guess == lower ? guess + 1 : guess;
+        guess = search.Value(p, remaining, beta - 1, beta);
+        (guess < beta ? upper : lower) = guess;
+    }
     const Ordered moves = search.OrderedMoves(p);
     for (int i = 0; i < moves.count; ++i) {
         const int card = moves.cards[static_cast<std::size_t>(i)];
-        const int value = search.Child(p, card, remaining, answer.points, remaining + 1);
-        if (value > answer.points) answer = {card, value};
+        if (search.Child(p, card, remaining, lower - 1, lower) >= lower) return {card, lower};
     }
-    return answer;
+    return {moves.cards[0], lower};
 }
 
 }  // namespace trickhaven::expert
