@@ -5,7 +5,7 @@
 
 #include "expert/layouts.h"
 #include "expert/playout.h"
-#include "expert/round_two_exact.h"
+#include "expert/round_two_search.h"
 
 namespace trickhaven::expert {
 
@@ -53,18 +53,19 @@ std::size_t BestChoice(const SeatView& v, std::size_t choices, Apply apply) {
     return best;
 }
 
+RoundTwoPosition PositionOf(const HandState& s) {
+    return {s.hands, s.trump, SideToAct(s), s.led};
+}
+
 // The hand's points of the side less the other's once Round Two is played
-// out perfectly from where the state stands.
-int ExactWorth(const HandState& s, int side) {
-    const RoundTwoAnswer answer = BestRoundTwoCard(s);
-    int remaining = 0;
-    for (CardSet rest = s.hands[0] | s.hands[1]; rest != kNoCards;) {
-        remaining += CardPoints(PopCard(rest));
-    }
+// out perfectly from the start of its first trick.
+int ExactWorth(RoundTwoSearch& search, const HandState& s, int side) {
+    const int taken = search.Value(PositionOf(s));
+    const int remaining = PointsIn(s.hands[0] | s.hands[1]);
     const int toPlay = SideToAct(s);
     std::array<int, 2> points{s.melds[0] + s.tricks[0], s.melds[1] + s.tricks[1]};
-    points[static_cast<std::size_t>(toPlay)] += answer.points;
-    points[static_cast<std::size_t>(OtherSide(toPlay))] += remaining - answer.points;
+    points[static_cast<std::size_t>(toPlay)] += taken;
+    points[static_cast<std::size_t>(OtherSide(toPlay))] += remaining - taken;
     return points[static_cast<std::size_t>(side)] -
            points[static_cast<std::size_t>(OtherSide(side))];
 }
@@ -74,7 +75,8 @@ int ExactWorth(const HandState& s, int side) {
 int ExpertCard(const SeatView& v) {
     LayoutRandom random(ViewSeed(v));
     if (v.upTaken) {
-        return BestRoundTwoCard(SampleLayout(v, random)).card;
+        RoundTwoSearch search;
+        return search.BestCard(PositionOf(SampleLayout(v, random)));
     }
     const std::vector<int> candidates = CardCandidates(v, v.ownHand);
     if (candidates.size() == 1) return candidates.front();
@@ -104,11 +106,12 @@ bool ExpertTakesStockCard(const SeatView& v) {
     LayoutRandom random(ViewSeed(v));
     const HandState now = SampleLayout(v, random);
     std::array<int, 2> worth{};
+    RoundTwoSearch search;
     for (const bool stockCard : {false, true}) {
         HandState s = now;
         ShareLastPair(s, stockCard);
         MakeMeld(s, RichestMeld(s));
-        worth[stockCard ? 1 : 0] = ExactWorth(s, v.side);
+        worth[stockCard ? 1 : 0] = ExactWorth(search, s, v.side);
     }
     return worth[1] > worth[0];
 }

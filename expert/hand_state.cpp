@@ -160,16 +160,6 @@ Meld MeldChoice(int index) {
     return kChoices.at(static_cast<std::size_t>(index));
 }
 
-int CardPoints(int card) {
-    static constexpr std::array<int, 6> kPoints{11, 10, 4, 3, 2, 0};
-    return kPoints.at(static_cast<std::size_t>(RankIndexOf(card)));
-}
-
-bool FollowerWins(int led, int followed, int trump) {
-    if (SuitOf(led) == SuitOf(followed)) return RankIndexOf(followed) < RankIndexOf(led);
-    return SuitOf(followed) == trump && SuitOf(led) != trump;
-}
-
 int MeldPoints(const HandState& s, int side, Meld meld) {
     switch (meld.kind) {
         case MeldKind::None:
@@ -235,10 +225,7 @@ void LayMeld(HandState& s, int side, Meld meld) {
 
 CardSet PlayableCards(const HandState& s, int side) {
     const CardSet hand = s.hands[side];
-    if (!InRoundTwo(s) || s.led == 0) return hand;
-    if (const CardSet suit = hand & SuitCards(SuitOf(s.led)); suit != kNoCards) return suit;
-    if (const CardSet trumps = hand & SuitCards(s.trump); trumps != kNoCards) return trumps;
-    return hand;
+    return InRoundTwo(s) ? RoundTwoLegalCards(hand, s.led, s.trump) : hand;
 }
 
 int SideToAct(const HandState& s) {
@@ -252,8 +239,8 @@ void PlayCard(HandState& s, int card) {
         s.led = card;
         return;
     }
-    const int winner = FollowerWins(s.led, card, s.trump) ? side : OtherSide(side);
-    s.tricks[winner] += CardPoints(s.led) + CardPoints(card);
+    const int winner = FollowerTakesTrick(s.led, card, s.trump) ? side : OtherSide(side);
+    s.tricks[winner] += CardPointsOf(s.led) + CardPointsOf(card);
     s.led = 0;
     ++s.tricksDone;
     if (s.tricksDone == 12) s.tricks[winner] += 10;

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "expert/card_set.h"
+#include "expert/round_two_search.h"
 
 namespace trickhaven::expert {
 
@@ -72,12 +73,6 @@ struct HandState {
     // The side that has won the game in this hand, -1 while none has.
     int gameWinner = -1;
 };
-
-int CardPoints(int card);
-
-// The second card wins only in the suit led above it, or as a trump on
-// another suit; of two like cards the first wins.
-bool FollowerWins(int led, int followed, int trump);
 
 // What the meld would score for the side now; 0 when the side cannot lay it.
 int MeldPoints(const HandState& s, int side, Meld meld);

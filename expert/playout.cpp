@@ -21,7 +21,7 @@ bool MeldOpen(const HandState& s, int side) {
 // What a card is worth keeping: its points, its strength as a trump, and
 // the melds it may still make with the cards beside it.
 int KeepWorth(const HandState& s, int side, int card) {
-    int worth = 2 * CardPoints(card);
+    int worth = 2 * CardPointsOf(card);
     if (IsTrump(s, card)) worth += 12 + 2 * (5 - RankIndexOf(card));
     if (InRoundTwo(s)) return worth;
     const CardSet hand = s.hands[side];
@@ -53,7 +53,7 @@ CardSet Winners(const HandState& s, CardSet cards) {
     CardSet winners = kNoCards;
     for (CardSet rest = cards; rest != kNoCards;) {
         const int card = PopCard(rest);
-        if (FollowerWins(s.led, card, s.trump)) winners |= CardBit(card);
+        if (FollowerTakesTrick(s.led, card, s.trump)) winners |= CardBit(card);
     }
     return winners;
 }
@@ -72,8 +72,8 @@ int SafeLead(const HandState& s, int side) {
                                     : other;
         bool safe = true;
         for (CardSet a = answers; a != kNoCards && safe;)
-            safe = !FollowerWins(card, PopCard(a), s.trump);
-        if (safe && (best == 0 || CardPoints(card) > CardPoints(best))) best = card;
+            safe = !FollowerTakesTrick(card, PopCard(a), s.trump);
+        if (safe && (best == 0 || CardPointsOf(card) > CardPointsOf(best))) best = card;
     }
     return best;
 }
@@ -92,7 +92,7 @@ int QuickCard(const HandState& s) {
     const CardSet winners = Winners(s, playable);
     if (winners != kNoCards) {
         const int winner = Cheapest(s, side, winners);
-        const int gain = CardPoints(s.led) + CardPoints(winner);
+        const int gain = CardPointsOf(s.led) + CardPointsOf(winner);
         const bool meldWaits = !InRoundTwo(s) && MeldOpen(s, side);
         if (InRoundTwo(s) || gain >= 10 || (meldWaits && KeepWorth(s, side, winner) < 16)) {
             return winner;

@@ -120,9 +120,10 @@ TEST(ExpertRules, TricksGoAndCountAsTheGameSays) {
         if (g.FollowCard == g.LeadCard) continue;
         g.LeadSuit = Card(g, g.LeadCard).Suit;
         g.FollowSuit = Card(g, g.FollowCard).Suit;
-        const bool followerWins = expert::FollowerWins(g.LeadCard, g.FollowCard, g.TrumpSuit);
+        const bool followerWins = expert::FollowerTakesTrick(g.LeadCard, g.FollowCard, g.TrumpSuit);
         ASSERT_EQ(TrickWinner(g) != g.Leader, followerWins) << g.LeadCard << " " << g.FollowCard;
-        ASSERT_EQ(TrickValue(g), expert::CardPoints(g.LeadCard) + expert::CardPoints(g.FollowCard));
+        ASSERT_EQ(TrickValue(g),
+                  expert::CardPointsOf(g.LeadCard) + expert::CardPointsOf(g.FollowCard));
     }
 }
 
