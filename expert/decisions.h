@@ -10,7 +10,7 @@
 namespace trickhaven::expert {
 
 // Layouts drawn for a choice of Round One.
-inline constexpr int kLayouts = 100;
+inline constexpr int kLayouts = 200;
 
 // The card to play, leading or following, in either round.
 int ExpertCard(const SeatView& view);
