@@ -14,6 +14,7 @@ namespace trickhaven {
 namespace {
 
 constexpr std::string_view kVersionLine = "trickhaven saved game 1";
+constexpr std::string_view kExpertLine = "robot expert\n";
 constexpr std::array<std::string_view, 6> kFields{"player", "robot", "target",
                                                   "dealer", "hands", "seed"};
 // Far more than the file ever holds; a bigger one is read no further.
@@ -48,6 +49,7 @@ struct ReadValues {
     std::int64_t dealer = 0;
     std::int64_t hands = 0;
     std::uint64_t seed = 0;
+    bool expert = false;
 };
 
 bool Possible(const ReadValues& v) {
@@ -92,7 +94,8 @@ std::optional<ReadValues> ReadFields(std::string_view text) {
                       ReadNumber(values[2], v.target) && ReadNumber(values[3], v.dealer) &&
                       ReadNumber(values[4], v.hands) && values[5].size() == 16 &&
                       ReadNumber(values[5], v.seed, 16);
-    if (!read || !text.empty()) return std::nullopt;
+    v.expert = text == kExpertLine;
+    if (!read || !(text.empty() || v.expert)) return std::nullopt;
     return v;
 }
 
@@ -115,15 +118,20 @@ std::string FormatStanding(const GameStanding& s) {
     return std::string(kVersionLine) + "\nplayer " + std::to_string(s.PlayerTotal) + "\nrobot " +
            std::to_string(s.OpponentTotal) + "\ntarget " + std::to_string(s.TargetScore) +
            "\ndealer " + std::to_string(s.NextDealer) + "\nhands " + std::to_string(s.HandsPlayed) +
-           "\nseed " + SeedDigits(s.DealSeed) + "\n";
+           "\nseed " + SeedDigits(s.DealSeed) + "\n" +
+           (s.Robot == RobotKind::Expert ? std::string(kExpertLine) : std::string());
 }
 
 std::optional<GameStanding> ParseStanding(std::string_view text) {
     const std::optional<ReadValues> v = ReadFields(text);
     if (!v || !Possible(*v)) return std::nullopt;
-    GameStanding standing{static_cast<std::int16_t>(v->player), static_cast<std::int16_t>(v->robot),
-                          static_cast<std::int16_t>(v->target), static_cast<int>(v->dealer),
-                          static_cast<std::uint8_t>(v->hands),  v->seed};
+    GameStanding standing{static_cast<std::int16_t>(v->player),
+                          static_cast<std::int16_t>(v->robot),
+                          static_cast<std::int16_t>(v->target),
+                          static_cast<int>(v->dealer),
+                          static_cast<std::uint8_t>(v->hands),
+                          v->seed,
+                          v->expert ? RobotKind::Expert : RobotKind::Classic};
     // Only the game's own spelling reads: no sign, no leading zero, no
     // capital in the seed.
     if (FormatStanding(standing) != text) return std::nullopt;
@@ -131,10 +139,11 @@ std::optional<GameStanding> ParseStanding(std::string_view text) {
 }
 
 GameStanding CurrentStanding(const Game& g) {
-    // DealHand passes the deal on from the side that dealt last.
-    return GameStanding{g.PlayerTotal, g.OpponentTotal,
-                        g.TargetScore, g.Dealer == ThePlayer ? TheRobot : ThePlayer,
-                        g.HandNumber,  g.NextDealSeed};
+    // DealHand passes the deal on from the side that dealt last, and the
+    // robot chosen in the menu sits down at the next deal.
+    return GameStanding{
+        g.PlayerTotal, g.OpponentTotal, g.TargetScore, g.Dealer == ThePlayer ? TheRobot : ThePlayer,
+        g.HandNumber,  g.NextDealSeed,  g.ChosenRobot};
 }
 
 std::optional<GameStanding> ReadSavedGame(const Game& g) {

@@ -15,7 +15,9 @@
 //   seed 0123456789abcdef
 //
 // "dealer" is the side that deals the next hand (1 the player, 2 the robot)
-// and "seed" the next deal's seed, sixteen lowercase hex digits.
+// and "seed" the next deal's seed, sixteen lowercase hex digits. A game
+// whose next deal is the Expert's ends in one more line, "robot expert";
+// without it the game is the Classic robot's, as every file before it was.
 #pragma once
 
 #include <filesystem>

@@ -1,9 +1,11 @@
 #include "data/settings_commands.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 
 #include "data/data_file.h"
+#include "data/robot_file.h"
 #include "game/session.h"
 
 namespace trickhaven {
@@ -40,6 +42,26 @@ void AskForName(Game& g, std::string& name, const NameQuestions& asked) {
     SaveData(g);
 }
 
+// The robot chosen in the menu plays from the next deal: a hand in progress
+// goes on against the robot that started it.
+void ChooseRobot(Game& g, RobotKind robot) {
+    KeepRobotChoice(g, robot);
+    const bool waits = g.GameOn && g.Robot != robot;
+    g.view.ShowPlainMessage(std::string(" You have changed the robot to ") + RobotName(robot) +
+                                (waits ? ". It will play from the next hand." : ".") +
+                                " You can come back and change at any time",
+                            "Trickhaven");
+}
+
+// "... won 7 against Lorinda winning 5 games": the games of one robot.
+std::string GamesPlayed(const Game& g, const std::array<std::int32_t, 3>& stats) {
+    // Wide enough that the sum never wraps, however many games are stored.
+    const std::int64_t played =
+        static_cast<std::int64_t>(stats[1]) + static_cast<std::int64_t>(stats[2]);
+    return " a total of " + std::to_string(played) + " games, and won " + std::to_string(stats[1]) +
+           " against " + g.OpponentName + " winning " + std::to_string(stats[2]) + " games";
+}
+
 }  // namespace
 
 void Menu1000_Click(Game& g) {
@@ -69,14 +91,21 @@ void MnuTheirName_Click(Game& g) {
                 TableLabel::LblBotsName});
 }
 
+void MnuClassic_Click(Game& g) {
+    ChooseRobot(g, RobotKind::Classic);
+}
+
+void MnuExpert_Click(Game& g) {
+    ChooseRobot(g, RobotKind::Expert);
+}
+
 void MnuuView_Click(Game& g) {
-    // Wide enough that the sum never wraps, however many games are stored.
-    const std::int64_t played =
-        static_cast<std::int64_t>(g.GameStats[1]) + static_cast<std::int64_t>(g.GameStats[2]);
-    const std::string message = g.PlayerName + " you have played a total of " +
-                                std::to_string(played) + " games, and won " +
-                                std::to_string(g.GameStats[1]) + " against " + g.OpponentName +
-                                " winning " + std::to_string(g.GameStats[2]) + " games";
+    // The design's statistics are the Classic robot's; the Expert's follow
+    // once a game against it has been counted.
+    std::string message = g.PlayerName + " you have played" + GamesPlayed(g, g.GameStats);
+    if (g.ExpertStats[1] != 0 || g.ExpertStats[2] != 0) {
+        message += " as Classic, and" + GamesPlayed(g, g.ExpertStats) + " as Expert";
+    }
     g.MessageChoice = static_cast<std::int16_t>(
         g.view.ShowDeluxeMessage(message, "Right", "", "", 3, "Current Statistics"));
     SaveData(g);
@@ -92,6 +121,12 @@ void MnuDelete_Click(Game& g) {
     g.GameStats[1] = 0;
     g.GameStats[2] = 0;
     SaveData(g);
+    // "All statistics": the Expert's games go too.
+    if (g.ExpertStats[1] != 0 || g.ExpertStats[2] != 0) {
+        g.ExpertStats[1] = 0;
+        g.ExpertStats[2] = 0;
+        SaveRobotFile(g);
+    }
 }
 
 void MnuExit_Click(Game& g) {

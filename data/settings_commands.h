@@ -1,5 +1,5 @@
 // The menu commands that change the stored settings: the target score, the
-// names, the statistics, and the exit.
+// names, the robot, the statistics, and the exit.
 #pragma once
 
 #include "game/game_state.h"
@@ -12,6 +12,8 @@ void MnuHalf_Click(Game& g);
 void MnuQuick_Click(Game& g);
 void MnuYours_Click(Game& g);
 void MnuTheirName_Click(Game& g);
+void MnuClassic_Click(Game& g);
+void MnuExpert_Click(Game& g);
 void MnuuView_Click(Game& g);
 void MnuDelete_Click(Game& g);
 void MnuExit_Click(Game& g);

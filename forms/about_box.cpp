@@ -109,6 +109,7 @@ FrmAbout::FrmAbout(QWidget* parent)
     connect(sysInfo, &QPushButton::clicked, this, &FrmAbout::StartSysInfo);
     setAccessibleName(windowTitle());
     FitCaptions(*this);
+    ShowFocusToKeys(*this);
 }
 
 void FrmAbout::SetSystemInfoSearch(QStringList tools, QStringList folders) {

@@ -1,5 +1,7 @@
 #include "forms/help_pages.h"
 
+#include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QScreen>
@@ -36,6 +38,38 @@ QPixmap SmallCard(CardArt& art, int card, qreal ratio) {
     return picture;
 }
 
+// A page reads as a dialog named by its title that says its words and
+// holds its buttons; the pictures and captions are in the words.
+class HelpPageAccessible : public QAccessibleWidget {
+public:
+    explicit HelpPageAccessible(HelpPage* page) : QAccessibleWidget(page, QAccessible::Dialog) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Description) return Page()->Words();
+        return QAccessibleWidget::text(kind);
+    }
+    int childCount() const override { return static_cast<int>(Buttons().size()); }
+    QAccessibleInterface* child(int index) const override {
+        const QList<QAbstractButton*> buttons = Buttons();
+        if (index < 0 || index >= buttons.size()) return nullptr;
+        return QAccessible::queryAccessibleInterface(buttons.at(index));
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return static_cast<int>(Buttons().indexOf(qobject_cast<QAbstractButton*>(child->object())));
+    }
+
+private:
+    HelpPage* Page() const { return static_cast<HelpPage*>(widget()); }
+    QList<QAbstractButton*> Buttons() const {
+        return Page()->findChildren<QAbstractButton*>(Qt::FindDirectChildrenOnly);
+    }
+};
+
+QAccessibleInterface* HelpPageAccessibility(const QString&, QObject* object) {
+    if (auto* page = qobject_cast<HelpPage*>(object)) return new HelpPageAccessible(page);
+    return nullptr;
+}
+
 std::unique_ptr<HelpPage> LoadPage(int page, CardArt& art) {
     switch (page) {
         case 1:
@@ -52,6 +86,11 @@ std::unique_ptr<HelpPage> LoadPage(int page, CardArt& art) {
 HelpPage::HelpPage(int page, CardArt& art)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       lines_(HelpPageText(page)) {
+    static const bool accessible = [] {
+        QAccessible::installFactory(HelpPageAccessibility);
+        return true;
+    }();
+    (void)accessible;
     const HelpPageDesign& design = HelpDesign(page);
     keepsPrint_ = design.keepsPrint;
     setObjectName(QString::fromLatin1(design.name));
@@ -67,6 +106,7 @@ HelpPage::HelpPage(int page, CardArt& art)
     AddLabels(design);
     AddButtons(design);
     FitCaptions(*this);
+    ShowFocusToKeys(*this);
     if (keepsPrint_) {
         const qreal ratio = devicePixelRatioF();
         keptPrint_ = QPixmap(size() * ratio);
@@ -79,6 +119,33 @@ HelpPage::HelpPage(int page, CardArt& art)
 
 int HelpPage::LineHeight() const {
     return fontMetrics().height();
+}
+
+QString HelpPage::Words() const {
+    QStringList words;
+    for (const QString& line : lines_ + captions_) {
+        if (!line.trimmed().isEmpty()) words.push_back(line.simplified());
+    }
+    return words.join(QLatin1Char(' '));
+}
+
+void HelpPage::keyPressEvent(QKeyEvent* event) {
+    auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
+    switch (event->key()) {
+        case Qt::Key_Escape:
+            exit_->click();
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (focused != nullptr) {
+                focused->click();
+                return;
+            }
+            break;
+        default:
+            break;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void HelpPage::paintEvent(QPaintEvent*) {
@@ -117,6 +184,7 @@ void HelpPage::AddButtons(const HelpPageDesign& design) {
         colours.setColor(QPalette::ButtonText, Qt::black);
         button->setPalette(colours);
         button->setToolTip(QString::fromLatin1(row.toolTip));
+        if (row.nextPage == 0) exit_ = button;
         connect(button, &QPushButton::clicked, this, [this, next = row.nextPage] {
             hide();
             if (next != 0) {
@@ -146,6 +214,7 @@ void HelpPage::AddLabels(const HelpPageDesign& design) {
         label->setFont(PageFont(HelpLabelPoints));
         label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         label->setWordWrap(true);
+        captions_.push_back(label->text());
     }
 }
 

@@ -3,6 +3,7 @@
 // are the only way to close it, and lead from page to page.
 #pragma once
 
+#include <QAbstractButton>
 #include <QPixmap>
 #include <QStringList>
 #include <QWidget>
@@ -24,6 +25,9 @@ public:
     // print position stands after the last line printed.
     int LinesPrinted() const { return linesPrinted_; }
     int PrintPositionY() const { return printY_; }
+    // All that the page says in words, for a screen reader: its lines, then
+    // the captions beside its pictures.
+    QString Words() const;
 
 signals:
     // A button has hidden this page and wants that page shown.
@@ -32,6 +36,9 @@ signals:
 protected:
     HelpPage(int page, CardArt& art);
     void paintEvent(QPaintEvent* event) override;
+    // Escape leaves as the page's exit button does; Enter presses the
+    // focused button, as Space does.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void AddButtons(const HelpPageDesign& design);
@@ -40,6 +47,8 @@ private:
     void Print(QPainter& painter);
 
     QStringList lines_;
+    QStringList captions_;
+    QAbstractButton* exit_ = nullptr;
     bool keepsPrint_;
     QPixmap keptPrint_;
     int linesPrinted_ = 0;

@@ -1,11 +1,14 @@
 #include "forms/mform_deluxe.h"
 
+#include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -66,7 +69,8 @@ QLabel* PlainLabel(QWidget* parent, const QString& name) {
 // label inside.
 class MFormDeluxe::ButtonPanel : public QWidget {
 public:
-    explicit ButtonPanel(QWidget* parent) : QWidget(parent) {}
+    // The keys move the focus among the buttons; a click does not.
+    explicit ButtonPanel(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::TabFocus); }
 
     Drawing drawing;
     bool focusShown = false;
@@ -82,7 +86,88 @@ protected:
     }
 };
 
+// For assistive technology the box is a dialog named by its title that
+// holds its message and its shown buttons; the title band and the icon
+// say nothing more.
+class DeluxeAccessible : public QAccessibleWidget {
+public:
+    explicit DeluxeAccessible(MFormDeluxe* form) : QAccessibleWidget(form, QAccessible::Dialog) {}
+
+    // Qt's accessibility asks this of every object: the box, or one of its
+    // buttons, gets its own reading.
+    static QAccessibleInterface* Make(const QString& key, QObject* object);
+
+    int childCount() const override { return static_cast<int>(Children().size()); }
+    QAccessibleInterface* child(int index) const override {
+        const std::vector<QWidget*> children = Children();
+        if (index < 0 || index >= static_cast<int>(children.size())) return nullptr;
+        return QAccessible::queryAccessibleInterface(children[static_cast<std::size_t>(index)]);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const std::vector<QWidget*> children = Children();
+        const auto found = std::find(children.begin(), children.end(), child->object());
+        return found == children.end() ? -1 : static_cast<int>(found - children.begin());
+    }
+
+private:
+    std::vector<QWidget*> Children() const {
+        const auto* form = static_cast<const MFormDeluxe*>(widget());
+        std::vector<QWidget*> children{form->label2_};
+        for (QWidget* button : form->pic1_) {
+            if (!button->isHidden()) children.push_back(button);
+        }
+        return children;
+    }
+};
+
+// Each drawn button is a push button named by its caption, with nothing
+// inside it to be read twice; pressing it clicks it.
+class DeluxeButtonAccessible : public QAccessibleWidget {
+public:
+    DeluxeButtonAccessible(MFormDeluxe* form, int index)
+        : QAccessibleWidget(form->pic1_.at(static_cast<std::size_t>(index)),
+                            QAccessible::PushButton),
+          form_(form),
+          index_(index) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+        return form_->ButtonCaption(index_).remove(QLatin1Char('&'));
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.defaultButton = index_ == 0;
+        return state;
+    }
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& action) override {
+        if (action == pressAction()) form_->Click(index_);
+    }
+
+private:
+    MFormDeluxe* form_;
+    int index_;
+};
+
+QAccessibleInterface* DeluxeAccessible::Make(const QString&, QObject* object) {
+    if (auto* form = qobject_cast<MFormDeluxe*>(object)) return new DeluxeAccessible(form);
+    auto* form =
+        object->parent() != nullptr ? qobject_cast<MFormDeluxe*>(object->parent()) : nullptr;
+    if (form == nullptr) return nullptr;
+    const auto found = std::find(form->pic1_.begin(), form->pic1_.end(), object);
+    if (found == form->pic1_.end()) return nullptr;
+    return new DeluxeButtonAccessible(form, static_cast<int>(found - form->pic1_.begin()));
+}
+
 MFormDeluxe::MFormDeluxe(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint) {
+    static const bool accessible = [] {
+        QAccessible::installFactory(DeluxeAccessible::Make);
+        return true;
+    }();
+    (void)accessible;
     setModal(true);
     Colour(this, Qt::black, kFormBlue);
     resize(Pixels(kFormWidth), Pixels(kDesignHeight));
@@ -155,6 +240,8 @@ void MFormDeluxe::Prepare(const QString& message, const QString& button0, const 
 
     label3_->setGeometry(TwipsRect(45, 60, w - 90, 300));
     label3_->setText(QStringLiteral("   ") + title);
+    // The box draws no frame; its title names it for assistive technology.
+    setWindowTitle(title.trimmed());
     FitCaption(*label3_);
 
     label1_[0]->setText(button0);
@@ -370,6 +457,7 @@ bool MFormDeluxe::KeyFocusShown() const {
 }
 
 void MFormDeluxe::ShowKeyFocus() {
+    pic1_[keyFocus_.button]->setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 3; ++i) {
         const bool shown = keyboardUsed_ && i == keyFocus_.button;
         if (pic1_[i]->focusShown != shown) {
@@ -381,6 +469,31 @@ void MFormDeluxe::ShowKeyFocus() {
 
 void MFormDeluxe::closeEvent(QCloseEvent* event) {
     event->ignore();
+}
+
+// The box takes the keyboard as it opens. A window manager may give the
+// focus elsewhere (to the table, as the box before this one closed, or
+// while keys were pressed there), and the table takes no key while the box
+// is up: any other window of the game that gets the focus hands it back.
+void MFormDeluxe::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    keepsKeyboard_ =
+        connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* focused) {
+            if (focused != nullptr && focused != windowHandle()) {
+                TakeKeyboard();
+            }
+        });
+    TakeKeyboard();
+}
+
+void MFormDeluxe::hideEvent(QHideEvent* event) {
+    disconnect(keepsKeyboard_);
+    QDialog::hideEvent(event);
+}
+
+void MFormDeluxe::TakeKeyboard() {
+    raise();
+    activateWindow();
 }
 
 void MFormDeluxe::paintEvent(QPaintEvent* /*event*/) {

@@ -20,6 +20,9 @@ namespace trickhaven {
 
 class MFormDeluxe : public QDialog {
     Q_OBJECT
+    friend class DeluxeAccessible;
+    friend class DeluxeButtonAccessible;
+
 public:
     explicit MFormDeluxe(QWidget* parent = nullptr);
     ~MFormDeluxe() override;
@@ -56,6 +59,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -75,6 +80,7 @@ private:
     void Click(int index);
     void PressKey(KeyPress key);
     void ShowKeyFocus();
+    void TakeKeyboard();
 
     QLabel* label3_;
     QLabel* label2_;
@@ -89,6 +95,7 @@ private:
     int choice_ = 0;
     MessageFocus keyFocus_;
     bool keyboardUsed_ = false;
+    QMetaObject::Connection keepsKeyboard_;
 };
 
 }  // namespace trickhaven

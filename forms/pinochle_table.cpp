@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -15,6 +16,7 @@
 
 #include "forms/caption_fit.h"
 #include "forms/card_picture.h"
+#include "forms/menu_access.h"
 #include "forms/table_build.h"
 #include "forms/table_design.h"
 #include "forms/table_keyboard.h"
@@ -71,7 +73,7 @@ PinochleTable::PinochleTable(QWidget* parent)
     InstallTableAccessibility();
     // Whether a card plays changes with the turn, which the window is not
     // told of: the cards are looked at whenever the game stops to wait, so
-    // that a screen reader never reads a card's standing from before.
+    // that a screen reader reading a card finds its standing of now.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &PinochleTable::TellCardStandings);
     setObjectName("PinochleTable");
@@ -96,6 +98,9 @@ PinochleTable::PinochleTable(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     auto* scaler = new TableScaler(surface_, client);
+    // The view holds the focus for a moment as the window comes up, before
+    // it passes to a card or a button.
+    scaler->setAccessibleName("Card table");
     layout->addWidget(scaler, 1);
     keyboard_ = new TableKeyboard(
         *surface_, *scaler, cards_, [this](const char* name) { return Control(name); },
@@ -145,11 +150,18 @@ void PinochleTable::Speak() {
     }
 }
 
+// A screen reader reads a message as it takes the focus: its title, its
+// text and the focused button. What happened before it is told first, so
+// that the box does not cut it short.
+void PinochleTable::TellBeforeMessage() {
+    if (talk_) Speak();
+}
+
 void PinochleTable::TellCardStandings() {
     for (int card = 1; card <= CardCount; ++card) {
         const CardStanding now = Card(card).Standing();
         CardStanding& was = standings_.at(static_cast<std::size_t>(card));
-        if (now.playersCard == was.playersCard && now.playable == was.playable) continue;
+        if (now.playersCard == was.playersCard && now.CannotPlay() == was.CannotPlay()) continue;
         if (now.playersCard != was.playersCard && QAccessible::isActive()) {
             // A screen reader keeps the role of a card it has read; a card
             // that comes into the hand or leaves it is made anew for it.
@@ -227,16 +239,30 @@ void PinochleTable::BuildCards() {
 
 void PinochleTable::BuildMenu() {
     menuBar()->installEventFilter(this);
+    InstallMenuAccessibility();
     QMenu* dropDown = nullptr;
+    QActionGroup* marked = nullptr;
     for (const MenuDesign& design : TableMenu()) {
         const QString caption = QString::fromUtf8(design.caption);
         if (design.command == MenuCommand::DropDown) {
             dropDown = menuBar()->addMenu(caption);
             dropDown->setObjectName(design.name);
+            marked = nullptr;
             continue;
         }
-        QAction* action =
-            design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
+        QAction* action = nullptr;
+        if (design.checkable) {
+            // Checkable before a screen reader first reads it. The first
+            // entry bears the mark until the game says otherwise.
+            action = new QAction(caption, dropDown);
+            action->setCheckable(true);
+            action->setChecked(marked == nullptr);
+            if (marked == nullptr) marked = new QActionGroup(dropDown);
+            marked->addAction(action);
+            dropDown->addAction(action);
+        } else {
+            action = design.topLevel ? menuBar()->addAction(caption) : dropDown->addAction(caption);
+        }
         action->setObjectName(design.name);
         action->setShortcut(QKeySequence(QString::fromUtf8(design.shortcut)));
         switch (design.command) {
@@ -374,6 +400,10 @@ void PinochleTable::SetPanelPicture(int image) {
         [this, image](qreal ratio) { return art_.Image(image, ratio); });
 }
 
+void PinochleTable::CheckRobot(RobotKind robot) {
+    findChild<QAction*>(robot == RobotKind::Expert ? "MnuExpert" : "MnuClassic")->setChecked(true);
+}
+
 void PinochleTable::SetTitle(const std::string& text) {
     setWindowTitle(FromGame(text));
 }
@@ -381,24 +411,24 @@ void PinochleTable::SetTitle(const std::string& text) {
 int PinochleTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
                                      const std::string& button1, const std::string& button2,
                                      int icon, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, message);
+    TellBeforeMessage();
     return deluxe_.Run(FromGame(message), FromGame(button0), FromGame(button1), FromGame(button2),
                        icon, FromGame(title));
 }
 
 void PinochleTable::ShowPlainMessage(const std::string& message, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, message);
+    TellBeforeMessage();
     QMessageBox::information(this, FromGame(title), FromGame(message), QMessageBox::Ok);
 }
 
 bool PinochleTable::AskQuestion(const std::string& question, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, question);
+    TellBeforeMessage();
     return QMessageBox::question(this, FromGame(title), FromGame(question),
                                  QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::string PinochleTable::AskInput(const std::string& prompt, const std::string& title) {
-    if (talk_) talk_->MessageOpens(title, prompt);
+    TellBeforeMessage();
     bool accepted = false;
     const QString text = QInputDialog::getText(this, FromGame(title), FromGame(prompt),
                                                QLineEdit::Normal, QString(), &accepted);

@@ -66,6 +66,7 @@ public:
     void SetPanelPicture(int image) override;
 
     void SetTitle(const std::string& text) override;
+    void CheckRobot(RobotKind robot) override;
 
     int ShowDeluxeMessage(const std::string& message, const std::string& button0,
                           const std::string& button1, const std::string& button2, int icon,
@@ -94,6 +95,7 @@ private:
     void Send(TableEvent event);
     void NameScoreFigures();
     void Speak();
+    void TellBeforeMessage();
     void TellCardStandings();
     QWidget* Control(const char* name) const;
     CardPicture& Card(int card) const;

@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include "forms/card_picture.h"
+#include "forms/table_widgets.h"
 #include "game/game_state.h"
 #include "round_one/card_click.h"
 
@@ -24,8 +25,7 @@ public:
 
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Description) {
-            const CardStanding standing = Standing();
-            return standing.playersCard && !standing.playable ? kCannotPlay : QString();
+            return Standing().CannotPlay() ? kCannotPlay : QString();
         }
         return QAccessibleWidget::text(kind);
     }
@@ -55,7 +55,21 @@ public:
         : QAccessibleWidget(notice, QAccessible::Notification) {}
 };
 
+// A panel of the table reads as a panel named by the caption in its border.
+class PanelAccessible : public QAccessibleWidget {
+public:
+    explicit PanelAccessible(TablePanel* panel) : QAccessibleWidget(panel, QAccessible::Grouping) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return static_cast<TablePanel*>(widget())->Title();
+        return QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* TableAccessible(const QString&, QObject* object) {
+    if (auto* panel = qobject_cast<TablePanel*>(object)) {
+        return new PanelAccessible(panel);
+    }
     if (auto* card = qobject_cast<CardPicture*>(object)) {
         return new CardAccessible(card);
     }
@@ -69,7 +83,7 @@ QAccessibleInterface* TableAccessible(const QString&, QObject* object) {
 
 CardStanding ReadCard(const Game& g, int card) {
     const CardRec& rec = Card(g, card);
-    return {rec.Place == PlacePlayerHand, ClickWouldPlay(g, card)};
+    return {rec.Place == PlacePlayerHand, ClickWouldPlay(g, card), CardAwaited(g)};
 }
 
 SpokenNotice::SpokenNotice(QWidget* parent) : QWidget(parent) {

@@ -13,6 +13,11 @@ struct Game;
 struct CardStanding {
     bool playersCard = false;  // in his hand, his meld rows too
     bool playable = false;     // a click would play it now
+    bool awaited = false;      // the game waits for the player's card
+    // What a screen reader says of the card: only while the game waits for
+    // the player's card is a card of his that would not play "cannot be
+    // played now"; at other times nothing is said of it.
+    bool CannotPlay() const { return playersCard && awaited && !playable; }
 };
 
 // The standing of a card in the game as it is now.

@@ -348,6 +348,10 @@ constexpr auto Menu = std::to_array<MenuDesign>({
     {.name = "MnuMedium", .caption = "Medium", .event = E::MenuMedium},
     {.name = "MnuSlow", .caption = "Slow", .event = E::MenuSlow},
     {.name = "MnuAbout", .caption = "&About", .topLevel = true, .command = MenuCommand::About},
+    // Alt+R: no letter marked on the table or its panels.
+    {.name = "MnuRobot", .caption = "&Robot", .topLevel = true, .command = MenuCommand::DropDown},
+    {.name = "MnuClassic", .caption = "Classic", .event = E::MenuClassic, .checkable = true},
+    {.name = "MnuExpert", .caption = "Expert", .event = E::MenuExpert, .checkable = true},
 });
 
 }  // namespace

@@ -100,6 +100,8 @@ struct MenuDesign {
     const char* shortcut = "";
     MenuCommand command = MenuCommand::Event;
     TableEventKind event = TableEventKind::MenuNewGame;
+    // One of a drop-down's entries that bear a check mark, one at a time.
+    bool checkable = false;
 };
 
 // In creation order, containers before their contents; a later control lies
@@ -107,7 +109,8 @@ struct MenuDesign {
 std::span<const ControlDesign> TableControls();
 std::span<const StrokeDesign> TableStrokes();
 std::span<const StatusPanelDesign> StatusPanels();
-// Top-level entries, each followed by its items.
+// Top-level entries, each followed by its items: the design's menus, then
+// the robot's.
 std::span<const MenuDesign> TableMenu();
 
 }  // namespace trickhaven

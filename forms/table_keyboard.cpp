@@ -37,6 +37,8 @@ std::optional<TableKey> KeyOfTable(const QKeyEvent& key) {
             return TableKey::BackTab;
         case Qt::Key_K:
             return TableKey::Knock;
+        case Qt::Key_Escape:
+            return TableKey::Escape;
         default:
             return std::nullopt;
     }
@@ -144,6 +146,10 @@ void TableKeyboard::Refresh() {
         focused != StopWidget(TableStop::Hand)) {
         StopWidget(TableStop::Hand)->setFocus(Qt::OtherFocusReason);
     }
+    // A panel that came up has taken the focus.
+    if (focus_.stop != TableStop::Hand && focused != StopWidget(focus_.stop)) {
+        StopWidget(focus_.stop)->setFocus(Qt::OtherFocusReason);
+    }
     PlaceRing();
 }
 
@@ -227,6 +233,20 @@ bool TableKeyboard::eventFilter(QObject* watched, QEvent* event) {
             if (TakesKeys(watched) && KeyPressed(*static_cast<QKeyEvent*>(event))) return true;
             break;
         case QEvent::FocusIn:
+            // The view takes the focus as the window comes back (after a
+            // message, say): it goes on to where the keys stand.
+            if (watched == &keyTaker_) {
+                QMetaObject::invokeMethod(
+                    this,
+                    [this] {
+                        Refresh();
+                        // Taken and given again, so that a screen reader
+                        // hears the focus come to it.
+                        if (QWidget* widget = StopWidget(focus_.stop)) widget->clearFocus();
+                        GiveFocus();
+                    },
+                    Qt::QueuedConnection);
+            }
             if (TakesKeys(watched)) PlaceRing();
             break;
         default:

@@ -3,9 +3,13 @@
 // Qt table and the headless table of the tests both implement it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace trickhaven {
+
+// The two robots of the robot's menu (game/game_state.h names them).
+enum class RobotKind : std::uint8_t;
 
 // Images of ImageList1: 1..48 the card faces, 49 the back, 50..53 the suit
 // icons in suit order.
@@ -130,6 +134,8 @@ enum class TableEventKind {
     MenuFast,
     MenuMedium,
     MenuSlow,
+    MenuClassic,  // the robot's menu, which comes after the design's
+    MenuExpert,
     CloseBox,
 };
 
@@ -163,6 +169,9 @@ public:
     virtual void SetPanelPicture(int image) = 0;
 
     virtual void SetTitle(const std::string& text) = 0;
+
+    // The check mark of the robot's menu, on the robot chosen.
+    virtual void CheckRobot(RobotKind robot) = 0;
 
     // The deluxe message box: blocks until a button is clicked and returns
     // its index, 0..2. Empty captions for buttons 1 and 2 leave them out.

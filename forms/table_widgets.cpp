@@ -39,6 +39,37 @@ void TableButton::paintEvent(QPaintEvent*) {
     }
 }
 
+namespace {
+
+class FocusToKeys : public QObject {
+public:
+    explicit FocusToKeys(QWidget& window) : QObject(&window), window_(window) {}
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) Show(true);
+        if (event->type() == QEvent::MouseButtonPress) Show(false);
+        return false;
+    }
+
+private:
+    void Show(bool shown) {
+        if (window_.property("keyboardInUse").toBool() == shown) return;
+        window_.setProperty("keyboardInUse", shown);
+        if (QWidget* focused = window_.focusWidget()) focused->update();
+    }
+
+    QWidget& window_;
+};
+
+}  // namespace
+
+void ShowFocusToKeys(QWidget& window) {
+    auto* watch = new FocusToKeys(window);
+    window.installEventFilter(watch);
+    for (QWidget* child : window.findChildren<QWidget*>()) child->installEventFilter(watch);
+}
+
 void ClickableLabel::mousePressEvent(QMouseEvent* event) {
     pressed_ = event->button() == Qt::LeftButton;
 }

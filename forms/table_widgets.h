@@ -24,6 +24,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+// The buttons of a form of its own (a help page, the About box) show
+// their focus once a key is pressed in it, and no more after a click, as
+// the table's do.
+void ShowFocusToKeys(QWidget& window);
+
 // A label that is clicked with the left button, like the knock.
 class ClickableLabel : public QLabel {
     Q_OBJECT

@@ -40,6 +40,8 @@ struct GameStanding {
     int NextDealer = 1;
     std::uint8_t HandsPlayed = 0;
     std::uint64_t DealSeed = 0;
+    // The robot of the next deal.
+    RobotKind Robot = RobotKind::Classic;
 };
 
 // What the session loop is asked to do once the running routines unwind.
@@ -65,6 +67,9 @@ struct Game {
     // change in mid-game waits for the next deal.
     RobotKind ChosenRobot = RobotKind::Classic;
     RobotKind Robot = RobotKind::Classic;
+    // Games won against the Expert, kept apart from GameStats, which stay
+    // the Classic robot's: item 1 by the player, item 2 by the Expert.
+    std::array<std::int32_t, 3> ExpertStats{};
 
     // Pacing.
     std::int16_t DelayMs = 0;

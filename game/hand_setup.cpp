@@ -1,6 +1,7 @@
 #include "game/hand_setup.h"
 
 #include "data/data_file.h"
+#include "data/robot_file.h"
 #include "data/saved_game.h"
 #include "game/card_random.h"
 #include "game/session.h"
@@ -72,6 +73,7 @@ void Form_Load(Game& g) {
     g.PlayerName = "Player";
     g.GameSpeed = 100;
     ReadDataFile(g);
+    ReadRobotFile(g);
     g.TargetScore = 1000;
     SetTargetTitle(g, " Target Score ");
     ShowNames(g);
@@ -166,17 +168,21 @@ void SetUpHand(Game& g) {
     g.TrumpSuit = NoSuit;
     g.UpCard = 0;
     if (!g.GameOn) {
-        // A game taken up deals from its saved dealer and seed: the very
-        // deal that was left. A fresh game draws its seed and saves its start.
+        // A game taken up deals from its saved dealer and seed, against its
+        // saved robot: the very deal that was left, and the menu shows that
+        // robot from now on. A fresh game draws its seed and saves its start.
         if (g.ResumedGame) {
             g.Dealer = g.ResumedGame->NextDealer == ThePlayer ? TheRobot : ThePlayer;
             g.NextDealSeed = g.ResumedGame->DealSeed;
+            if (g.ResumedGame->Robot != g.ChosenRobot) KeepRobotChoice(g, g.ResumedGame->Robot);
             g.ResumedGame.reset();
         } else {
             ChooseDealSeed(g);
             SaveStanding(g);
         }
     }
+    // A robot chosen in the menu during a hand sits down here.
+    g.Robot = g.ChosenRobot;
     DealHand(g);
 }
 

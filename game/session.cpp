@@ -101,6 +101,12 @@ void DispatchEvent(Game& g, const TableEvent& event) {
         case TableEventKind::MenuSlow:
             MnuSlow_Click(g);
             break;
+        case TableEventKind::MenuClassic:
+            MnuClassic_Click(g);
+            break;
+        case TableEventKind::MenuExpert:
+            MnuExpert_Click(g);
+            break;
         case TableEventKind::CloseBox:
             Form_QueryUnload(g);
             break;

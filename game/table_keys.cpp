@@ -45,6 +45,17 @@ const StopDesign& Design(TableStop stop) {
     return kStops.at(static_cast<std::size_t>(stop));
 }
 
+// Each panel that takes the focus as it comes up, with its first button.
+struct PanelDesign {
+    TableControl panel;
+    TableStop first;
+};
+constexpr std::array<PanelDesign, 3> kPanels{{
+    {TableControl::FramDeclare, TableStop::DoublePinochle},
+    {TableControl::FramMarriage, TableStop::MarriageDiamonds},
+    {TableControl::FramMeldHelp, TableStop::ReminderOk},
+}};
+
 std::string FirstWord(const std::string& caption) {
     std::string word;
     for (const char c : caption) {
@@ -76,9 +87,14 @@ std::vector<int> HandChain(const Game& g, const TableSight& sight) {
     return chain;
 }
 
-void FollowHand(HandFocus& focus, const std::vector<int>& chain) {
+void FollowHand(HandFocus& focus, const std::vector<int>& chain, bool dealt) {
     if (chain.empty()) {
-        focus.card = 0;
+        focus = {};
+        return;
+    }
+    if (!focus.walked && dealt) {
+        focus.position = 0;
+        focus.card = chain.front();
         return;
     }
     const auto kept = std::find(chain.begin(), chain.end(), focus.card);
@@ -111,6 +127,7 @@ bool MoveHandFocus(HandFocus& focus, const std::vector<int>& chain, TableKey key
             return false;
     }
     focus.card = chain[focus.position];
+    focus.walked = true;
     return true;
 }
 
@@ -138,18 +155,38 @@ TableStop NextStop(const TableView& view, TableStop from, bool forward, bool han
     return from;
 }
 
+namespace {
+
+bool FollowTable(TableFocus& focus, const Game& g, const std::vector<int>& chain) {
+    // A screen reader speaks each move of the focus: it does not go along
+    // with every card the deal brings.
+    FollowHand(focus.hand, chain, g.RoundOneOn || g.RoundTwoOn);
+    for (std::size_t i = 0; i < kPanels.size(); ++i) {
+        const bool up = g.view.IsControlVisible(kPanels.at(i).panel);
+        if (up && !focus.panelsUp.at(i)) focus.stop = kPanels.at(i).first;
+        focus.panelsUp.at(i) = up;
+    }
+    const bool handHasCard = !chain.empty();
+    if (!StopShown(g.view, focus.stop, handHasCard)) focus.stop = TableStop::Hand;
+    return handHasCard;
+}
+
+std::optional<TableEvent> PressEscape(const TableView& view) {
+    if (view.IsControlVisible(TableControl::FramMeldHelp)) return StopClick(TableStop::ReminderOk);
+    if (view.IsControlVisible(TableControl::FramDeclare)) return StopClick(TableStop::Cancel);
+    return std::nullopt;
+}
+
+}  // namespace
+
 void FollowTable(TableFocus& focus, const Game& g, const TableSight& sight) {
-    const std::vector<int> chain = HandChain(g, sight);
-    FollowHand(focus.hand, chain);
-    if (!StopShown(g.view, focus.stop, !chain.empty())) focus.stop = TableStop::Hand;
+    FollowTable(focus, g, HandChain(g, sight));
 }
 
 std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const TableSight& sight,
                                         KeyPress key) {
     const std::vector<int> chain = HandChain(g, sight);
-    FollowHand(focus.hand, chain);
-    const bool handHasCard = !chain.empty();
-    if (!StopShown(g.view, focus.stop, handHasCard)) focus.stop = TableStop::Hand;
+    const bool handHasCard = FollowTable(focus, g, chain);
     switch (key.key) {
         case TableKey::Left:
         case TableKey::Right:
@@ -165,11 +202,13 @@ std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const 
         case TableKey::Space:
             if (focus.stop != TableStop::Hand) return StopClick(focus.stop);
             if (focus.hand.card == 0) return std::nullopt;
+            focus.hand.walked = true;
             return TableEvent{TableEventKind::CardClick, focus.hand.card};
         case TableKey::Knock:
             if (!g.view.IsControlVisible(TableControl::LblKnock)) return std::nullopt;
             return TableEvent{TableEventKind::KnockClick};
         case TableKey::Escape:
+            return PressEscape(g.view);
         case TableKey::AltLetter:
             return std::nullopt;
     }

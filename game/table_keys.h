@@ -56,12 +56,16 @@ std::vector<int> HandChain(const Game& g, const TableSight& sight);
 struct HandFocus {
     int card = 0;  // 0: the hand has no card to focus
     std::size_t position = 0;
+    // Whether a key has walked or played the hand since it was dealt.
+    bool walked = false;
 };
 
-// After the hand changed (a card played, drawn, sorted or melded, a new
-// deal): the focused card keeps the focus while it is in the chain; else
-// the card now at its position, else the last one.
-void FollowHand(HandFocus& focus, const std::vector<int>& chain);
+// After the hand changed (a card played, drawn, sorted or melded): the
+// focused card keeps the focus while it is in the chain; else the card now
+// at its position, else the last one. A hand that no key has walked since
+// it came in has the focus on its first card, however the cards are sorted,
+// once it is dealt; while its cards are coming in, the focus stays put.
+void FollowHand(HandFocus& focus, const std::vector<int>& chain, bool dealt = true);
 
 // Left and Right step without wrapping; Home and End go to the ends. False
 // for other keys.
@@ -107,16 +111,21 @@ TableStop NextStop(const TableView& view, TableStop from, bool forward, bool han
 struct TableFocus {
     TableStop stop = TableStop::Hand;
     HandFocus hand;
+    // The panels seen up when the focus last followed the table: the meld
+    // offer, the marriage panel, the meld reminder.
+    std::array<bool, 3> panelsUp{};
 };
 
-// Brings the focus up to date with the table: the hand is followed, and a
-// stop whose control has gone gives the focus back to the hand.
+// Brings the focus up to date with the table: the hand is followed, a
+// panel that has come up takes the focus on its first button, and a stop
+// whose control has gone gives the focus back to the hand.
 void FollowTable(TableFocus& focus, const Game& g, const TableSight& sight);
 
 // A key pressed on the table: moves the focus and gives the click the key
 // stands for, if any. Enter and Space click the focused card or control;
 // K knocks while "Knock?" is shown, wherever the focus is, as a click can
-// only hit the label while it shows.
+// only hit the label while it shows. Escape closes the meld reminder with
+// its O.K, else takes "Cancel and Take Card" while the meld offer is up.
 std::optional<TableEvent> PressTableKey(TableFocus& focus, const Game& g, const TableSight& sight,
                                         KeyPress key);
 

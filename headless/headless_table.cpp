@@ -82,6 +82,10 @@ void HeadlessTable::SetTitle(const std::string& text) {
     title_ = text;
 }
 
+void HeadlessTable::CheckRobot(RobotKind robot) {
+    checkedRobot_ = robot;
+}
+
 int HeadlessTable::ShowDeluxeMessage(const std::string& message, const std::string& button0,
                                      const std::string& button1, const std::string& button2,
                                      int icon, const std::string& title) {

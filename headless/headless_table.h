@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/table_view.h"
+#include "game/game_state.h"
 
 namespace trickhaven {
 
@@ -48,6 +49,7 @@ public:
     void SetPanelText(int panel, const std::string& text) override;
     void SetPanelPicture(int image) override;
     void SetTitle(const std::string& text) override;
+    void CheckRobot(RobotKind robot) override;
     int ShowDeluxeMessage(const std::string& message, const std::string& button0,
                           const std::string& button1, const std::string& button2, int icon,
                           const std::string& title) override;
@@ -61,6 +63,8 @@ public:
     }
     int PanelPicture() const { return panelPicture_; }
     const std::string& Title() const { return title_; }
+    // The entry of the robot's menu that bears the check mark.
+    RobotKind CheckedRobot() const { return checkedRobot_; }
     // Every box shown, in order.
     const std::vector<MessageRecord>& Messages() const { return messages_; }
     // Every text written to a status panel, in order, as (panel, text).
@@ -96,6 +100,7 @@ private:
     std::array<std::string, 5> panels_{};
     int panelPicture_ = 0;
     std::string title_;
+    RobotKind checkedRobot_ = RobotKind::Classic;
     std::vector<MessageRecord> messages_;
     std::vector<std::pair<int, std::string>> panelHistory_;
     long zCounter_ = 0;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/data_file.h"
+#include "data/robot_file.h"
 #include "data/saved_game.h"
 #include "game/pacing.h"
 #include "game/session.h"
@@ -79,13 +80,17 @@ void EndGame(Game& g, int winner, const std::string& verdict) {
         return;
     }
     LogPlay(g, GameOver(winner));
-    ++g.GameStats[static_cast<std::size_t>(winner)];
+    // Games against the Expert are counted apart: GameStats, and Data.dat
+    // with them, stay the Classic robot's.
+    const bool expert = g.Robot == RobotKind::Expert;
+    ++(expert ? g.ExpertStats : g.GameStats)[static_cast<std::size_t>(winner)];
     const std::string message = g.PlayerName + verdict + Digits(g.PlayerTotal) + " against " +
                                 Digits(g.OpponentTotal) + " for " + g.OpponentName +
                                 "Click on Play for another game or Exit to leave the game.";
     g.MessageChoice = static_cast<std::int16_t>(
         g.view.ShowDeluxeMessage(message, "Play", "Exit", "", 1, "Play again?"));
     SaveData(g);
+    if (expert) SaveRobotFile(g);
     // Decided and answered: there is nothing left to go on with.
     DropSavedGame(g);
     if (g.MessageChoice == 0) {

@@ -9,6 +9,8 @@
 #include <tuple>
 
 #include "data/data_folder.h"
+#include "data/robot_file.h"
+#include "data/settings_commands.h"
 #include "game/hand_setup.h"
 #include "headless/headless_game.h"
 #include "headless/player_policy.h"
@@ -121,6 +123,53 @@ TEST(DataFile, ADirectoryInPlaceOfTheFileOrOfItsCopyIsLeftAsItIsAndNothingIsRepl
     SaveData(hg.game);
     EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), "7,x")
         << "a damaged file is replaced only once copied";
+}
+
+// Robot.dat as one run leaves it reads at the next start; a missing file,
+// or one that does not read, means the Classic robot and no Expert game,
+// and a damaged one keeps its bytes beside it at the next save.
+TEST(RobotFile, TheChoiceAndTheExpertsGamesOutliveARunAndAMissingOrDamagedFileMeansClassic) {
+    HeadlessGame first;
+    first.game.ExpertStats = {0, 3, 5};
+    MnuExpert_Click(first.game);
+    const std::string expert = FileBytes(first.folder / kRobotFileName);
+    ASSERT_EQ(expert, "trickhaven robot 1\nrobot expert\nplayer 3\nexpert 5\n");
+    const auto with = [&](const std::string& from, const std::string& to) {
+        std::string text = expert;
+        return text.replace(text.find(from), from.size(), to);
+    };
+    const std::vector<std::optional<std::string>> damaged{
+        std::nullopt,
+        "",
+        expert.substr(0, expert.size() - 1),
+        with("robot 1", "robot 2"),
+        with("expert\n", "Expert\n"),
+        with("player 3", "player -3"),
+        with("player 3", "player 03"),
+        with("expert 5", "expert 99999999999"),
+        expert + "melds 40\n",
+        std::string("\x7f\x01\xff garbage\n\0\n", 14),
+    };
+    for (const auto& found : damaged) {
+        SCOPED_TRACE(found.value_or("missing"));
+        HeadlessGame hg;
+        if (found) WriteRaw(hg.folder / kRobotFileName, *found);
+        Form_Load(hg.game);
+        EXPECT_EQ(
+            std::tuple(hg.game.ChosenRobot, hg.table.CheckedRobot(), hg.game.ExpertStats),
+            std::tuple(RobotKind::Classic, RobotKind::Classic, std::array<std::int32_t, 3>{}));
+        EXPECT_EQ(FileBytes(hg.folder / kRobotFileName), found.value_or(""));
+        SaveRobotFile(hg.game);
+        const auto kept = hg.folder / (std::string(kRobotFileName) + ".unreadable");
+        EXPECT_EQ(std::filesystem::exists(kept), found.has_value());
+        EXPECT_EQ(FileBytes(kept), found.value_or(""));
+    }
+    HeadlessGame next;
+    std::filesystem::copy_file(first.folder / kRobotFileName, next.folder / kRobotFileName);
+    Form_Load(next.game);
+    EXPECT_EQ(std::tuple(next.game.ChosenRobot, next.table.CheckedRobot(), next.game.ExpertStats),
+              std::tuple(RobotKind::Expert, RobotKind::Expert, first.game.ExpertStats));
+    EXPECT_FALSE(std::filesystem::exists(next.folder / "Data.dat")) << "nothing else is written";
 }
 
 TEST(DataFile, AFileThatCannotBeReadStartsFromTheInitialValuesAndIsNeverReplaced) {

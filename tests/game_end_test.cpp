@@ -6,6 +6,8 @@
 
 #include <tuple>
 
+#include "data/data_file.h"
+#include "data/robot_file.h"
 #include "game/session.h"
 #include "headless/headless_game.h"
 #include "tests/table_fixtures.h"
@@ -127,6 +129,22 @@ TEST(GameEnd, LostAndWonAreCountedToldAndSavedThenExitOrPlay) {
     EXPECT_EQ(Told(t.hg.table),
               (Lines{"Play again? [Play|Exit|] 1: Player unfortunately, you lost" + scores,
                      "Play again? [Play|Exit|] 1: Player well done, you won" + scores}));
+}
+
+// Games against the Expert are counted in Robot.dat: GameStats, and
+// Data.dat with them, stay the Classic robot's, byte for byte.
+TEST(GameEnd, GamesAgainstTheExpertAreCountedApartAndDataDatKeepsItsBytes) {
+    ScoresTable t(true, 1000, 900);
+    t.g.Robot = t.g.ChosenRobot = RobotKind::Expert;
+    SaveData(t.g);
+    const std::string data = FileBytes(t.hg.folder / "Data.dat");
+    // Exit leaves the game on, so that it can end again.
+    t.hg.table.answerDeluxe = [](const MessageRecord&) { return 1; };
+    for (void (*end)(Game&) : {GameLost, GameLost, GameWon}) t.Unwound(end);
+    EXPECT_EQ(FileBytes(t.hg.folder / "Data.dat"), data);
+    EXPECT_EQ(t.g.GameStats, (std::array<std::int32_t, 3>{}));
+    EXPECT_EQ(FileBytes(t.hg.folder / kRobotFileName),
+              FormatRobotRecord({RobotKind::Expert, {0, 1, 2}}));
 }
 
 // Trick points join the totals; a hand that ends no game is told, with the

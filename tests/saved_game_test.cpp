@@ -12,6 +12,7 @@
 #include <fstream>
 #include <random>
 
+#include "data/robot_file.h"
 #include "game/session.h"
 #include "headless/headless_game.h"
 #include "headless/player_policy.h"
@@ -194,6 +195,33 @@ TEST(SavedGame, EachHandEndAndEachRiseSavesWithTheNextDealsSeedAndGameOverDropsI
     EXPECT_THROW(EndOfHand(g), GameAbandoned);
     EXPECT_TRUE(seen.at(0).has_value());
     EXPECT_FALSE(std::filesystem::exists(SavedFile(hg)));
+}
+
+// A game against the Expert ends its file in one more line; one without it,
+// as every file before had, is the Classic robot's. Taken up, the game
+// keeps its robot, and the menu's mark and Robot.dat follow it.
+TEST(SavedGame, AGameTakenUpKeepsItsRobotAndAnOldFileIsTheClassicRobots) {
+    const std::string expertGame = kMidGameText + "robot expert\n";
+    GameStanding expert = kMidGame;
+    expert.Robot = RobotKind::Expert;
+    EXPECT_EQ(FormatStanding(expert), expertGame);
+    for (const std::string& damaged :
+         {kMidGameText + "robot classic\n", expertGame + "robot expert\n",
+          kMidGameText + "robot Expert\n", kMidGameText + "robot expert"}) {
+        EXPECT_FALSE(ParseStanding(damaged).has_value()) << damaged;
+    }
+    for (const auto& [saved, chosen, robot] :
+         {std::tuple(expertGame, RobotKind::Classic, RobotKind::Expert),
+          std::tuple(kMidGameText, RobotKind::Expert, RobotKind::Classic)}) {
+        HeadlessGame hg;
+        std::ofstream(hg.folder / kRobotFileName, std::ios::binary)
+            << FormatRobotRecord({chosen, {0, 4, 6}});
+        NewGameWith(hg, saved);
+        EXPECT_EQ(Offers(hg), 1);
+        EXPECT_EQ(std::tuple(hg.game.Robot, hg.game.ChosenRobot, hg.table.CheckedRobot()),
+                  std::tuple(robot, robot, robot));
+        EXPECT_EQ(FileBytes(hg.folder / kRobotFileName), FormatRobotRecord({robot, {0, 4, 6}}));
+    }
 }
 
 // A run with a saved game in the folder, that can no longer be written over:

@@ -4,9 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <tuple>
+
+#include "data/robot_file.h"
 #include "game/pacing.h"
 #include "game/session.h"
 #include "headless/headless_game.h"
+#include "headless/player_policy.h"
 
 namespace trickhaven {
 namespace {
@@ -70,6 +75,22 @@ TEST(Settings, TargetCommandsTitleTellThenSaveAndSpeedCommandsSaveThenTell) {
     }
 }
 
+// The Expert's games follow the design's statistics once there are any,
+// and "all statistics" erases them too; Data.dat keeps the design's games.
+TEST(Statistics, TheExpertsGamesAreToldAfterTheDesignsAndErasedWithThem) {
+    LoggedGame lg;
+    lg.g.GameStats = {0, 7, 5};
+    lg.g.ExpertStats = {0, 1, 3};
+    MnuuView_Click(lg.g);
+    MnuDelete_Click(lg.g);
+    EXPECT_EQ(lg.Messages().at(0).text,
+              "Player you have played a total of 12 games, and won 7 against Lorinda winning 5 "
+              "games as Classic, and a total of 4 games, and won 1 against Lorinda winning 3 "
+              "games as Expert");
+    EXPECT_EQ(lg.Saved(), "0,0,100,\"Player\",\"Lorinda\",0");
+    EXPECT_EQ(FileBytes(lg.hg.folder / kRobotFileName), FormatRobotRecord({}));
+}
+
 // No asks no more and saves nothing; a name is taken as typed, Cancel
 // giving the empty name.
 TEST(Settings, NamesAreAskedForShownThenSaved) {
@@ -111,6 +132,58 @@ TEST(Statistics, ViewTellsTheCountsThenSavesAndDeleteErasesOnlyOnYes) {
                           "games, and won 7 against Lorinda winning 5 games | \n" +
                           erase + "7,5,100,\"Player\",\"Lorinda\",0\n");
     EXPECT_EQ(lg.Saved(), "0,0,100,\"Player\",\"Lorinda\",0");
+}
+
+// The robot's menu moves its mark and writes Robot.dat before its box
+// tells the change, which in a game waits for the next deal; Data.dat is
+// never written.
+TEST(RobotMenu, TheChoiceIsMarkedSavedThenToldAndInAGameWaitsForTheNextDeal) {
+    const std::string later = ". It will play from the next hand.";
+    const std::tuple<bool, RobotKind, void (*)(Game&), RobotKind, std::string> cases[]{
+        {false, RobotKind::Classic, MnuExpert_Click, RobotKind::Expert, "."},
+        {true, RobotKind::Classic, MnuExpert_Click, RobotKind::Expert, later},
+        {true, RobotKind::Expert, MnuClassic_Click, RobotKind::Classic, later},
+        {true, RobotKind::Expert, MnuExpert_Click, RobotKind::Expert, "."},
+    };
+    for (const auto& [gameOn, playing, command, chosen, then] : cases) {
+        LoggedGame lg;
+        lg.g.GameOn = gameOn;
+        lg.g.Robot = lg.g.ChosenRobot = playing;
+        std::string fileWhenTold;
+        lg.onMessage = [&](const MessageRecord& m) {
+            lg.Log(m.title + ": " + m.text);
+            fileWhenTold = FileBytes(lg.hg.folder / kRobotFileName);
+        };
+        command(lg.g);
+        EXPECT_EQ(lg.log, std::string("Trickhaven:  You have changed the robot to ") +
+                              RobotName(chosen) + then +
+                              " You can come back and change at any time | \n");
+        EXPECT_EQ(std::tuple(lg.g.ChosenRobot, lg.CheckedRobot(), lg.g.Robot),
+                  std::tuple(chosen, chosen, playing));
+        EXPECT_EQ(fileWhenTold, FormatRobotRecord({chosen, {}}));
+    }
+    // Expert chosen in the first hand of a game: that hand is played out
+    // against the Classic robot, the next against the Expert, and the
+    // standing saved between them says so.
+    HeadlessGame hg;
+    PlayerPolicy player(PolicyKind::First, 3);
+    std::set<std::pair<int, RobotKind>> played;
+    hg.platform.script.push_back({TableEventKind::MenuNewGame});
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        if (g.RoundOneOn && g.ChosenRobot == RobotKind::Classic)
+            return TableEvent{TableEventKind::MenuExpert};
+        return player.Next(g);
+    };
+    hg.platform.stopWhen = [&](const Game& g) {
+        if (g.RoundOneOn) played.emplace(g.HandNumber, g.Robot);
+        return g.HandNumber == 2 && g.RoundOneOn;
+    };
+    ASSERT_TRUE(hg.Run());
+    EXPECT_EQ(played, (std::set<std::pair<int, RobotKind>>{{1, RobotKind::Classic},
+                                                           {2, RobotKind::Expert}}));
+    EXPECT_EQ(hg.table.Messages().at(0).text, " You have changed the robot to Expert" + later +
+                                                  " You can come back and change at any time");
+    EXPECT_TRUE(FileBytes(hg.folder / "SavedGame.dat").ends_with("\nrobot expert\n"));
 }
 
 // In a game the close box asks, then the menu's exit asks again; All.dat is

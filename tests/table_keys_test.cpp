@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "headless/headless_game.h"
 #include "headless/headless_keys.h"
+#include "round_one/card_click.h"
 #include "tests/meld_fixtures.h"
 
 namespace trickhaven {
@@ -56,48 +58,49 @@ TEST(HandChain, HoldsTheHandsShownFacesInRowOrderThenTheMeldRowsTopRowFirst) {
     EXPECT_EQ(t.Chain(), (std::vector<int>{AD, QS1, KD, JD1, AS, KH, QH}));
 }
 
-// The focus after the hand changed, from a chain of five with the focus on
-// the card at `position`.
-TEST(HandFocus, StaysOnItsCardWhileItIsThereElseTakesTheCardNowInItsPlace) {
+// The focus after the hand changed or a key moved it, from a chain of five
+// with the focus on the card at `position`, walked there by keys or not.
+// Left and Right step without wrapping, Home and End go to the ends.
+TEST(HandFocus, StaysOnAWalkedCardElseTakesItsPlaceAndAHandNotWalkedKeepsToItsFirstCard) {
     struct Case {
         const char* what;
+        bool walked;
         std::vector<int> after;
         std::size_t position;
-        int card;  // the focus after
+        int card;                 // the focus after
+        TableKey key = K::Enter;  // Enter moves nothing
     };
     const std::vector<int> before{1, 3, 5, 7, 9};
     const Case cases[] = {
-        {"the focused card played", {1, 3, 7, 9}, 2, 7},
-        {"the last card played", {1, 3, 5, 7}, 4, 7},
-        {"a card drawn before it", {2, 1, 3, 5, 7, 9}, 2, 5},
-        {"the hand sorted", {9, 7, 5, 3, 1}, 0, 1},
-        {"a new deal", {11, 13}, 3, 13},
-        {"the hand gone", {}, 1, 0},
+        {"the focused card played", true, {1, 3, 7, 9}, 2, 7},
+        {"the last card played", true, {1, 3, 5, 7}, 4, 7},
+        {"a card drawn before it", true, {2, 1, 3, 5, 7, 9}, 2, 5},
+        {"the hand sorted", true, {9, 7, 5, 3, 1}, 0, 1},
+        {"the hand sorted before a key", false, {9, 7, 5, 3, 1}, 2, 9},
+        {"a card drawn before a key", false, {2, 1, 3, 5, 7, 9}, 0, 2},
+        {"the hand gone", true, {}, 1, 0},
+        {"Left at the first", true, before, 0, 1, K::Left},
+        {"Right at the last", true, before, 4, 9, K::Right},
+        {"Home", true, before, 2, 1, K::Home},
+        {"End", true, before, 1, 9, K::End},
+        {"the first Right of a hand", false, before, 3, 3, K::Right},
     };
     for (const Case& c : cases) {
-        HandFocus focus{before[c.position], c.position};
-        FollowHand(focus, c.after);
+        HandFocus focus{before[c.position], c.position, c.walked};
+        MoveHandFocus(focus, c.after, c.key);
         EXPECT_EQ(focus.card, c.card) << c.what;
         if (focus.card != 0) {
             EXPECT_EQ(c.after[focus.position], focus.card) << c.what;
         }
     }
-}
-
-TEST(HandFocus, ArrowsStepWithoutWrappingAndHomeAndEndGoToTheEnds) {
-    const std::vector<int> chain{4, 8, 15, 16};
-    struct Case {
-        std::size_t from;
-        TableKey key;
-        int to;
-    };
-    const Case cases[] = {{0, K::Left, 4}, {0, K::Right, 8}, {3, K::Right, 16}, {2, K::Left, 8},
-                          {2, K::Home, 4}, {1, K::End, 16},  {1, K::Enter, 8}};
-    for (const Case& c : cases) {
-        HandFocus focus{chain[c.from], c.from};
-        MoveHandFocus(focus, chain, c.key);
-        EXPECT_EQ(focus.card, c.to) << c.from << " " << static_cast<int>(c.key);
-    }
+    // While dealing the focus stays put; once dealt, it is on the first card.
+    HandFocus focus{9, 4, true};
+    FollowHand(focus, {});
+    FollowHand(focus, {13}, false);
+    FollowHand(focus, {11, 13, 15}, false);
+    EXPECT_EQ(focus.card, 13);
+    FollowHand(focus, {11, 13, 15});
+    EXPECT_EQ(focus.card, 11);
 }
 
 TEST(TableStops, TabPassesHiddenControlsAndAnEmptyHandAndBackTabGoesTheOtherWay) {
@@ -114,27 +117,68 @@ TEST(TableStops, TabPassesHiddenControlsAndAnEmptyHandAndBackTabGoesTheOtherWay)
     EXPECT_EQ(NextStop(view, TableStop::MarriageSpades, true, false), TableStop::ReminderOk);
 }
 
-TEST(TableKeys, EnterAndSpaceClickWhatHasTheFocusAndKKnocksOnlyWhileKnockShows) {
+// Enter and Space click what has the focus, K knocks while "Knock?" shows; a
+// panel takes the focus on its first button, Escape cancels the offer or
+// closes the reminder, and a panel gone gives the focus back to its card.
+TEST(TableKeys, KeysClickWhatHasTheFocusPanelsTakeItOnTheirFirstButtonAndEscapeCancelsTheOffer) {
     KeysTable t;
     t.Lay(KD, 4000, 10080);
     t.Lay(AD, 2500, 10080);
     TableFocus focus;
-    auto press = [&](TableKey key) {
-        return PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+    struct Step {
+        TableControl control;
+        bool up;
+        std::vector<TableKey> keys;
+        std::optional<TableEvent> click;
     };
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::CardClick, AD}));
-    EXPECT_FALSE(press(K::Right));
-    EXPECT_EQ(press(K::Space), (TableEvent{E::CardClick, KD}));
-    EXPECT_FALSE(press(K::Knock));
-    t.hg.table.SetControlVisible(TableControl::LblKnock, true);
-    EXPECT_EQ(press(K::Knock), TableEvent{E::KnockClick});
-    t.hg.table.SetControlVisible(TableControl::FramMarriage, true);
-    for (const TableKey key : {K::Tab, K::Tab, K::Tab}) press(key);
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::MarriageClick, Clubs}));
-    EXPECT_FALSE(press(K::Escape));
-    // The panel goes: the focus is back with the hand, on its card.
-    t.hg.table.SetControlVisible(TableControl::FramMarriage, false);
-    EXPECT_EQ(press(K::Enter), (TableEvent{E::CardClick, KD}));
+    const Step steps[] = {
+        {TableControl::LblKnock, false, {K::Enter}, TableEvent{E::CardClick, AD}},
+        {TableControl::LblKnock, false, {K::Right, K::Space}, TableEvent{E::CardClick, KD}},
+        {TableControl::LblKnock, false, {K::Knock}, std::nullopt},
+        {TableControl::LblKnock, true, {K::Knock}, TableEvent{E::KnockClick}},
+        {TableControl::FramDeclare, true, {K::Enter}, TableEvent{E::DoublePinochleClick}},
+        {TableControl::FramDeclare, true, {K::Tab, K::Escape}, TableEvent{E::CancelClick}},
+        {TableControl::FramDeclare, false, {}, std::nullopt},
+        {TableControl::FramMarriage, true, {K::Space}, TableEvent{E::MarriageClick, Diamonds}},
+        {TableControl::FramMarriage, true, {K::Escape}, std::nullopt},
+        {TableControl::FramMarriage, false, {}, std::nullopt},
+        {TableControl::FramDeclare, true, {K::Tab, K::Enter}, TableEvent{E::PinochleClick}},
+        {TableControl::FramMeldHelp, true, {K::Enter}, TableEvent{E::ReminderOkClick}},
+        {TableControl::FramMeldHelp, true, {K::Escape}, TableEvent{E::ReminderOkClick}},
+        {TableControl::FramMeldHelp, false, {}, std::nullopt},
+        {TableControl::FramDeclare, false, {K::Enter}, TableEvent{E::CardClick, KD}},
+    };
+    for (const Step& step : steps) {
+        SCOPED_TRACE(ControlName(step.control) + std::string(step.up ? " up" : " gone"));
+        t.hg.table.SetControlVisible(step.control, step.up);
+        std::optional<TableEvent> click;
+        for (const TableKey key : step.keys) {
+            click = PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+        }
+        EXPECT_EQ(click, step.click);
+    }
+}
+
+// After each deal the focus is on the first card, wherever the keys had been.
+TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
+    HeadlessGame hg(5);
+    HeadlessKeyboard& keys = hg.platform.keyboard;
+    std::vector<std::pair<int, int>> focusAndFirst;
+    hg.platform.script.push_back({E::MenuNewGame});
+    hg.platform.keys.push_back({K::Knock});  // no knock yet: the keys are only in use
+    hg.platform.policy = [&](Game& g) -> std::optional<TableEvent> {
+        if (!CardAwaited(g)) return std::nullopt;
+        focusAndFirst.emplace_back(keys.Focus().hand.card, HandChain(g, SightOf(hg.table)).front());
+        if (focusAndFirst.size() == 2) throw ScenarioOver{};
+        keys.Press(g, hg.table, {K::End});
+        return TableEvent{E::MenuNewGame};
+    };
+    hg.table.answerDeluxe = [](const MessageRecord& m) {
+        return int(m.buttons[1] == "Yes New Game");
+    };
+    ASSERT_TRUE(hg.Run());
+    EXPECT_EQ(focusAndFirst.size(), 2U);
+    for (const auto& [focused, first] : focusAndFirst) EXPECT_EQ(focused, first);
 }
 
 TEST(MessageKeys, EachKeyClicksTheButtonItStandsForInEveryChoiceOfTheGame) {

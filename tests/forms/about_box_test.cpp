@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
@@ -10,6 +11,7 @@
 #include <QTest>
 #include <QTimer>
 #include <functional>
+#include <tuple>
 
 namespace trickhaven {
 namespace {
@@ -27,6 +29,19 @@ TEST(AboutBoxTest, IsModelessAndOkEnterEscapeAndTheCloseBoxUnloadIt) {
         [](FrmAbout& b) { b.findChild<QAbstractButton*>("cmdOK")->click(); },
         [](FrmAbout& b) { QTest::keyClick(&b, Qt::Key_Return); },
         [](FrmAbout& b) { QTest::keyClick(&b, Qt::Key_Escape); }, [](FrmAbout& b) { b.close(); }};
+    // Push buttons named by their captions; a key shows the focus.
+    ShowAboutBox(box, nullptr);
+    QApplication::setActiveWindow(box);
+    for (const auto& [name, said] : {std::pair{"cmdOK", "OK"}, {"cmdSysInfo", "System Info..."}}) {
+        QAccessibleInterface* read =
+            QAccessible::queryAccessibleInterface(box->findChild<QAbstractButton*>(name));
+        EXPECT_EQ(std::tuple(read->role(), read->text(QAccessible::Name)),
+                  std::tuple(QAccessible::PushButton, QString(said)));
+    }
+    QWidget* focused = box->focusWidget();
+    const QImage unfocused = focused->grab().toImage();
+    QTest::keyClick(focused, Qt::Key_Shift);
+    EXPECT_NE(focused->grab().toImage(), unfocused) << "the focus does not show";
     for (const auto& close : closes) {
         ShowAboutBox(box, nullptr);
         const FrmAbout* shown = box.data();

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
@@ -137,9 +140,6 @@ TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.Choice(), 0);
     EXPECT_EQ(caption->geometry(), raised.adjusted(1, 1, 0, 0));
-    // Neither button says no, so Escape answers nothing.
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_TRUE(form.isVisible());
     QTest::mouseClick(caption, Qt::LeftButton);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.Choice(), 1);
@@ -147,6 +147,52 @@ TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
     PrepareShort("Exit");
     EXPECT_EQ(caption->geometry(), raised);
     EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kFace);
+}
+
+// A dialog named by the title with its text and its buttons named by their
+// captions; the first has the focus, the box keeps the keyboard.
+TEST_F(MessageBoxTest, TheBoxReadsAsADialogWithItsTextAndItsButtonsAndTheFirstHasTheFocus) {
+    form.Prepare("Do you wish to leave?", "No Continue", "Yes &New Game", {}, 2,
+                 " Leave this game?");
+    form.show();
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(&form);
+    EXPECT_EQ(std::tuple(box->role(), box->text(QAccessible::Name)),
+              std::tuple(QAccessible::Dialog, QString("Leave this game?")));
+    using Row = std::tuple<QAccessible::Role, QString, int, bool>;  // children, focused
+    std::vector<Row> read;
+    for (int i = 0; i < box->childCount(); ++i) {
+        QAccessibleInterface* child = box->child(i);
+        EXPECT_EQ(box->indexOfChild(child), i);
+        read.emplace_back(child->role(), child->text(QAccessible::Name), child->childCount(),
+                          child->state().focused);
+    }
+    EXPECT_EQ(read, (std::vector<Row>{{QAccessible::StaticText, "Do you wish to leave?", 0, false},
+                                      {QAccessible::PushButton, "No Continue", 0, true},
+                                      {QAccessible::PushButton, "Yes New Game", 0, false}}));
+    // Another window of the game given the keyboard hands it back.
+    QWidget table;
+    table.show();
+    QApplication::setActiveWindow(&table);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.isActiveWindow(); }));
+    EXPECT_FALSE(form.KeyFocusShown());
+    QTest::keyClick(&form, Qt::Key_Tab);
+    EXPECT_TRUE(Button(1)->hasFocus() && box->child(2)->state().focused && form.KeyFocusShown());
+    box->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Choice(), 1);
+    // Each key answers as the click on its button.
+    const std::pair<std::vector<Qt::Key>, int> answers[] = {
+        {{Qt::Key_Escape}, 0},
+        {{Qt::Key_Tab, Qt::Key_Space}, 1},
+        {{Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, 0}};
+    for (const auto& [keys, choice] : answers) {
+        form.Prepare("Do you wish to leave?", "No Continue", "Yes New Game", {}, 2, "Leave?");
+        form.show();
+        for (const Qt::Key key : keys) QTest::keyClick(&form, key);
+        EXPECT_EQ(std::pair(form.isVisible(), form.Choice()), std::pair(false, choice));
+    }
 }
 
 }  // namespace

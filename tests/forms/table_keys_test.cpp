@@ -1,13 +1,11 @@
 // The keys in the window: which widgets take the focus, Tab's order, the
-// focus following the hand, the ring shown only to the keyboard, and the
-// message box answering Enter, Escape and Tab.
+// focus following the hand, and the ring shown only to the keyboard.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QTest>
 
 #include "forms/card_picture.h"
-#include "forms/mform_deluxe.h"
 #include "forms/qt_platform.h"
 #include "forms/table_keyboard.h"
 #include "forms_test_support.h"
@@ -83,53 +81,11 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheR
     Press(Qt::Key_Right);
     EXPECT_EQ(Focused(), Picture(40));
     Press(Qt::Key_Left);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Space);
-    Press(Qt::Key_K);  // no knock to be made
     Click(Picture(3));
     EXPECT_FALSE(Ring()->isVisible());
     EXPECT_FALSE(table.Keyboard().KeyboardInUse());
-    EXPECT_EQ(log.events, (std::vector<TableEvent>(4, {E::CardClick, 3})));
-}
-
-// Enter or Space on each stop of Tab's round gives the click the mouse
-// gives it; a button shows its focus to the keyboard, not after the mouse.
-TEST_F(TableKeysTest, TabGoesRoundTheShownControlsInOrderAndEachKeyClicksAsTheMouseDoes) {
-    Deal({25, 3});
-    for (const TableControl shown : {TableControl::CmdSort, TableControl::LblKnock,
-                                     TableControl::FramDeclare, TableControl::FramMarriage}) {
-        table.SetControlVisible(shown, true);
-    }
-    QApplication::processEvents();
-    QWidget* sort = FindControl(table, "CmdSort");
-    const QImage designed = sort->grab().toImage();
-    Press(Qt::Key_Home, Picture(3));
-    std::vector<QString> round;
-    for (std::size_t step = 0; step < 17; ++step) {
-        Press(Qt::Key_Tab);
-        QWidget* stop = Focused();
-        round.push_back(stop->objectName());
-        EXPECT_TRUE(stop != sort || sort->grab().toImage() != designed);
-        Press(step % 2 == 0 ? Qt::Key_Return : Qt::Key_Space);
-        Click(stop);
-        EXPECT_TRUE(stop->hasFocus());
-        EXPECT_TRUE(stop != sort || sort->grab().toImage() == designed);
-        ASSERT_EQ(log.events.size(), 2 * step + 2) << round.back().toStdString();
-        EXPECT_TRUE(log.events[2 * step] == log.events[2 * step + 1]) << round.back().toStdString();
-    }
-    EXPECT_EQ(round, (std::vector<QString>{"CmdSort", "LblKnock", "CmdDBezique", "CmdBezique",
-                                           "CmdSequence", "CmdFours3", "CmdFours0", "CmdFours1",
-                                           "CmdFours2", "cmdDec7Trumps", "CmdMakeMarriage4",
-                                           "CmdCancel", "CmdMarriage1", "CmdMarriage2",
-                                           "CmdMarriage3", "CmdMarriage4", "PicCard25"}));
-    Press(Qt::Key_K);
-    EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
-}
-
-TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOneOutOfPlay) {
-    Deal({25, 3, 40});
     Press(Qt::Key_Right, Picture(25));
-    // The card flies to the trick and the row closes up.
+    // A card played: the focus takes the one now in its place.
     Card(g, 3).Place = PlacePlayed;
     table.MoveCard(3, 7800, 6540);
     table.MoveCard(40, 3100, 10080);
@@ -144,34 +100,53 @@ TEST_F(TableKeysTest, AfterACardIsPlayedTheFocusTakesTheCardNowInItsPlaceNeverOn
     table.MoveCard(25, 7800, 6540);
     QApplication::processEvents();
     Press(Qt::Key_Return, Picture(25));
-    EXPECT_TRUE(log.events.empty());
+    EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::CardClick, 3})));
 }
 
-TEST(MessageKeysInTheBox, EnterEscapeTabAndSpaceClickTheirButtonsAndTheFocusShowsOnlyToKeys) {
-    struct Case {
-        QString button0, button1;
-        std::vector<Qt::Key> keys;
-        int choice;
-    };
-    const Case cases[] = {
-        {"Yes Exit", "Carry On", {Qt::Key_Escape}, 1},
-        {"No Continue", "Yes New Game", {Qt::Key_Tab, Qt::Key_Escape}, 0},
-        {"Stock Card", "Up Card", {Qt::Key_Tab, Qt::Key_Space}, 1},
-        {"Stock Card", "Up Card", {Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Enter}, 0},
-    };
-    for (const Case& c : cases) {
-        MFormDeluxe form;
-        form.Prepare("Which?", c.button0, c.button1, {}, 1, "Make choice");
-        form.show();
-        EXPECT_FALSE(form.KeyFocusShown());
-        for (const Qt::Key key : c.keys) {
-            QTest::keyClick(&form, key);
-            if (!form.isVisible()) break;
-            EXPECT_TRUE(form.KeyFocusShown()) << c.button0.toStdString();
-        }
-        EXPECT_FALSE(form.isVisible()) << c.button0.toStdString();
-        EXPECT_EQ(form.Choice(), c.choice) << c.button0.toStdString();
+// A panel takes the focus on its first button; Enter or Space on each stop
+// of Tab's round gives the mouse's click, and Escape the offer's Cancel; a
+// button shows its focus to the keyboard only.
+TEST_F(TableKeysTest,
+       PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouseDoes) {
+    Deal({25, 3});
+    QWidget* sort = FindControl(table, "CmdSort");
+    for (const auto& [shown, first] : {std::pair{TableControl::CmdSort, "PicCard25"},
+                                       std::pair{TableControl::LblKnock, "PicCard25"},
+                                       std::pair{TableControl::FramDeclare, "CmdDBezique"},
+                                       std::pair{TableControl::FramMarriage, "CmdMarriage1"}}) {
+        table.SetControlVisible(shown, true);
+        QApplication::processEvents();
+        EXPECT_EQ(Focused()->objectName(), first);
     }
+    const QImage designed = sort->grab().toImage();
+    std::vector<QString> round;
+    for (std::size_t step = 0; step < 17; ++step) {
+        Press(Qt::Key_Tab);
+        QWidget* stop = Focused();
+        round.push_back(stop->objectName());
+        EXPECT_TRUE(stop != sort || sort->grab().toImage() != designed);
+        Press(step % 2 == 0 ? Qt::Key_Return : Qt::Key_Space);
+        Click(stop);
+        EXPECT_TRUE(stop->hasFocus());
+        EXPECT_TRUE(stop != sort || sort->grab().toImage() == designed);
+        ASSERT_EQ(log.events.size(), 2 * step + 2) << round.back().toStdString();
+        EXPECT_TRUE(log.events[2 * step] == log.events[2 * step + 1]) << round.back().toStdString();
+    }
+    EXPECT_EQ(round, (std::vector<QString>{"CmdMarriage2", "CmdMarriage3", "CmdMarriage4",
+                                           "PicCard25", "CmdSort", "LblKnock", "CmdDBezique",
+                                           "CmdBezique", "CmdSequence", "CmdFours3", "CmdFours0",
+                                           "CmdFours1", "CmdFours2", "cmdDec7Trumps",
+                                           "CmdMakeMarriage4", "CmdCancel", "CmdMarriage1"}));
+    Press(Qt::Key_K);
+    EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(log.events.back() == TableEvent{E::CancelClick});
+    // The reminder comes up on its O.K, which Escape presses.
+    table.SetControlVisible(TableControl::FramMeldHelp, true);
+    QApplication::processEvents();
+    EXPECT_EQ(Focused()->objectName(), "Command1");
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(log.events.back() == TableEvent{E::ReminderOkClick});
 }
 
 }  // namespace

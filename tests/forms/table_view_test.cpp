@@ -2,6 +2,7 @@
 // entries and close box it hands back.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QMenu>
@@ -84,14 +85,58 @@ TEST_F(TableViewTest, EveryMenuEntryAndTheCloseBoxSendTheirEventsAndF1F2AndCtrlX
     EXPECT_FALSE(table.close());
     EXPECT_TRUE(table.isVisible());
     EXPECT_EQ(log.events,
-              (std::vector<T>{T{E::MenuNewGame}, T{E::MenuExit}, T{E::MenuYourName},
-                              T{E::MenuOpponentName}, T{E::MenuViewStatistics},
-                              T{E::MenuDeleteStatistics}, T{E::MenuTarget1000}, T{E::MenuTarget750},
-                              T{E::MenuTarget500}, T{E::MenuTarget300}, T{E::MenuReminder},
-                              T{E::MenuFast}, T{E::MenuMedium}, T{E::MenuSlow}, T{E::MenuNewGame},
-                              T{E::MenuExit}, T{E::CloseBox}}));
+              (std::vector<T>{
+                  T{E::MenuNewGame}, T{E::MenuExit}, T{E::MenuYourName}, T{E::MenuOpponentName},
+                  T{E::MenuViewStatistics}, T{E::MenuDeleteStatistics}, T{E::MenuTarget1000},
+                  T{E::MenuTarget750}, T{E::MenuTarget500}, T{E::MenuTarget300}, T{E::MenuReminder},
+                  T{E::MenuFast}, T{E::MenuMedium}, T{E::MenuSlow}, T{E::MenuClassic},
+                  T{E::MenuExpert}, T{E::MenuNewGame}, T{E::MenuExit}, T{E::CloseBox}}));
     EXPECT_EQ(help.count(), 2);
     EXPECT_EQ(about.count(), 1);
+}
+
+// The robot's menu comes last and opens with Alt+R, a letter that no
+// caption of the table marks; its two entries share one check mark, which
+// the game moves and a click takes, and a screen reader hears which is
+// checked and which is not.
+TEST_F(TableViewTest, TheRobotsMenuOpensWithItsOwnLetterAndBearsOneCheckMark) {
+    QMenu* robots = table.menuBar()->actions().back()->menu();
+    ASSERT_NE(robots, nullptr);
+    const QKeySequence letter = QKeySequence::mnemonic(robots->title());
+    ASSERT_FALSE(letter.isEmpty());
+    EXPECT_EQ(robots->title().remove('&'), "Robot");
+    for (const auto* button : table.Surface()->findChildren<QAbstractButton*>()) {
+        EXPECT_NE(QKeySequence::mnemonic(button->text()), letter)
+            << button->objectName().toStdString();
+    }
+    for (const QAction* title : table.menuBar()->actions()) {
+        EXPECT_TRUE(title->menu() == robots || QKeySequence::mnemonic(title->text()) != letter);
+    }
+    table.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    QTest::keyClick(&table, static_cast<Qt::Key>(letter[0].key()), Qt::AltModifier);
+    EXPECT_EQ(QApplication::activePopupWidget(), robots);
+    // What a screen reader says of each entry: its name, "checked" from its
+    // state, or "not checked" from its description.
+    const auto marks = [&] {
+        QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(robots);
+        std::vector<std::tuple<QString, bool, QString>> seen;
+        for (int i = 0; i < menu->childCount(); ++i) {
+            const QAccessibleInterface* entry = menu->child(i);
+            seen.emplace_back(entry->text(QAccessible::Name), entry->state().checked,
+                              entry->text(QAccessible::Description));
+        }
+        return seen;
+    };
+    using Marks = std::vector<std::tuple<QString, bool, QString>>;
+    const Marks classic{{"Classic", true, ""}, {"Expert", false, "not checked"}};
+    EXPECT_EQ(marks(), classic);
+    table.CheckRobot(RobotKind::Expert);
+    EXPECT_EQ(marks(), (Marks{{"Classic", false, "not checked"}, {"Expert", true, ""}}));
+    robots->actions().front()->trigger();
+    EXPECT_EQ(marks(), classic);
+    EXPECT_EQ(log.events, std::vector<T>{T{E::MenuClassic}});
+    robots->close();
 }
 
 // A card takes either mouse button; a press released off it is no click.

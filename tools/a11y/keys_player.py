@@ -53,12 +53,14 @@ class KeysPlayer:
             listener.focus_table()
         self.box_was_open = box is not None
         if box is not None:
-            if self.hand_over and "Total Scores" in (box.name or "") + " ".join(spoken[-2:]):
+            # The hand's last message: its totals, or the hand won or lost.
+            if self.hand_over:
                 self.answered_totals = True
             self.press(key, "Return")
             return False
-        if self.answered_totals:
-            return True
+        if self.hand_over:
+            # Nothing is left to play: only the totals' message is awaited.
+            return self.answered_totals
         focused = listener.focused
         if focused is None:
             self.press(key, "Tab")
@@ -82,8 +84,11 @@ class KeysPlayer:
                 self.moves = 0
                 self.press(key, "Tab")
             return False
-        # A meld offer: the player takes his card.
-        self.press(key, "Return" if name.startswith("Cancel and Take Card") else "Tab")
+        # A meld offer opens on its first button; Escape takes the card.
+        if name == "Double Pinochle":
+            self.press(key, "Escape")
+        else:
+            self.press(key, "Return" if name.startswith("Cancel and Take Card") else "Tab")
         return False
 
     def press(self, key, name):

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QInputDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
 #include <QRegularExpression>
@@ -71,7 +72,7 @@ void ShootPanels(Gallery& gallery, GalleryTable& table) {
 }
 
 // Plays one game on the window with a greedy player and shoots the idle
-// table, the table after the deal, the panels before that hand, and the
+// table, the robot's menu, the table after the deal, the panels before that hand, and the
 // table each time a side lays a meld.
 void ShootTable(Gallery& gallery) {
     GalleryTable table;
@@ -87,6 +88,10 @@ void ShootTable(Gallery& gallery) {
     int shots[2] = {0, 0};
     platform.script.push_back({TableEventKind::MenuNewGame});
     gallery.Shoot(table, "table-idle");
+    QMenu* robots = table.findChild<QMenu*>("MnuRobot");
+    robots->popup(table.mapToGlobal(QPoint(0, 0)));
+    gallery.Shoot(*robots, "menu-robot");
+    robots->hide();
     platform.stopWhen = [&](const Game& game) {
         if (!dealt && CardAwaited(game)) {
             dealt = true;

@@ -41,6 +41,10 @@ std::vector<GameMessage> AllMessages() {
         Deluxe(Player + " you have played a total of 12 games, and won 7 against " + Robot +
                    " winning 5 games",
                "Right", "", 3, "Current Statistics"),
+        Deluxe(Player + " you have played a total of 12 games, and won 7 against " + Robot +
+                   " winning 5 games as Classic, and a total of 4 games, and won 1 against " +
+                   Robot + " winning 3 games as Expert",
+               "Right", "", 3, "Current Statistics"),
         Deluxe(Player + " well done, you won that game with points 1012 against 874 for " + Robot +
                    "Click on Play for another game or Exit to leave the game.",
                "Play", "Exit", 1, "Play again?"),
@@ -111,6 +115,9 @@ std::vector<GameMessage> AllMessages() {
         Plain(" The cards should now play slowly, but it will depend on the speed of your "
               "computer to a degree."),
         Plain(" You have changed target score to 1000. You can come back and change at any time"),
+        Plain(" You have changed the robot to Expert. It will play from the next hand. You can "
+              "come back and change at any time"),
+        Plain(" You have changed the robot to Classic. You can come back and change at any time"),
         Plain(" If you can read this something wrong, has not found a card"),
         Plain(" Something wrong, no card found"),
         {MessageKind::Question, "If you wish to enter or change the player's name click Yes", "",
