@@ -38,6 +38,7 @@ TEST_P(ChaosAtSpeed, AnyClicksAndKeysLeaveEveryRuleStandingAndTheGamesFinish) {
     const auto [speed, seed, robot] = GetParam();
     const SimReport report = Simulate(ChaosRun(seed, speed, 5, robot));
     EXPECT_EQ(report.violations, 0) << Notes(report);
+    EXPECT_EQ(report.decisionMs.empty(), robot == "classic");
     EXPECT_EQ(report.playerWins + report.robotWins, 5);
     EXPECT_GT(report.injected, 100);
     EXPECT_GT(report.keysPressed, 1000);

@@ -42,22 +42,25 @@ TEST(WaitDelay, AZeroWaitServesNothingAndAHandlerThatSetsThePaceMovesTheEnd) {
 TEST(WaitDelay, TheExpertsThinkingComesOutOfTheRobotsPause) {
     auto cardTimes = [](std::int32_t thinkingMs) {
         HeadlessGame hg(9);
-        hg.game.ChosenRobot = hg.game.Robot = RobotKind::Expert;
         PlayerPolicy player(PolicyKind::Greedy, 9);
         std::vector<std::int32_t> times;
         bool handOver = false;
+        int decisions = 0;
         hg.game.onThinking = [&](bool starting) {
             if (!starting) hg.platform.SetClock(hg.platform.TickCount() + thinkingMs);
+            decisions += starting ? 1 : 0;
         };
         hg.game.onPlay = [&](const Game&, const PlayLogEvent& e) {
             if (e.kind == PlayLogKind::Card) times.push_back(hg.platform.TickCount());
             handOver = handOver || e.kind == PlayLogKind::HandEnd;
         };
         hg.table.answerDeluxe = [&](const MessageRecord& m) { return player.Answer(m); };
+        hg.platform.script.push_back({TableEventKind::MenuExpert});
         hg.platform.script.push_back({TableEventKind::MenuNewGame});
         hg.platform.policy = [&](Game& g) { return player.Next(g); };
         hg.platform.stopWhen = [&](const Game&) { return handOver; };
         hg.Run();
+        EXPECT_GT(decisions, 12);
         return times;
     };
     const std::vector<std::int32_t> atOnce = cardTimes(0);

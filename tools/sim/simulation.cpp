@@ -147,11 +147,10 @@ private:
     }
 
     void Hook() {
-        const RobotKind robot = options_.robot == "expert" ? RobotKind::Expert : RobotKind::Classic;
-        hg_.game.ChosenRobot = robot;
-        hg_.game.Robot = robot;
         hg_.game.onThinking = [this](bool starting) { TimeDecision(starting); };
         player_.onThinking = [this](bool starting) { TimeDecision(starting); };
+        // The robot is chosen as the player chooses it, in its menu.
+        if (options_.robot == "expert") hg_.platform.script.push_back({TableEventKind::MenuExpert});
         hg_.platform.script.push_back({TableEventKind::MenuNewGame});
         hg_.game.onPlay = [this](const Game& g, const PlayLogEvent& e) { OnPlay(g, e); };
         hg_.table.onMessage = [this](const MessageRecord& m) {
