@@ -23,6 +23,15 @@ namespace trickhaven {
 // searches what its seat can see.
 enum class RobotKind : std::uint8_t { Classic, Expert };
 
+// What the table has shown of the hand in play, the same to both seats:
+// every card played, and the cards seen going into each hand (the up card
+// at a dix exchange, the last two cards of Round One), as bit (i - 1) for
+// card i.
+struct ShownCards {
+    std::uint64_t played = 0;
+    std::array<std::uint64_t, 3> intoHand{};
+};
+
 // A game between two hands: all that the next deal needs to go on with it.
 struct GameStanding {
     std::int16_t PlayerTotal = 0;
@@ -65,6 +74,9 @@ struct Game {
     // Pacing.
     std::int16_t DelayMs = 0;
     std::int32_t DelayStart = 0;
+    // How long the Expert has just thought: the next wait is that much
+    // shorter, so that its thinking falls inside the robot's pause.
+    std::int32_t ThinkingMs = 0;
 
     // The run of a game.
     bool GameOn = false;
@@ -130,9 +142,14 @@ struct Game {
     // running routines back to the session loop.
     SessionRequest Request = SessionRequest::None;
 
+    ShownCards Shown;
+
     // Told of every step of play, just before the step changes the table;
     // empty in the program itself.
     std::function<void(const Game&, const PlayLogEvent&)> onPlay;
+    // Told as the Expert starts (true) and ends (false) a decision; empty in
+    // the program itself.
+    std::function<void(bool)> onThinking;
 };
 
 // The record of card index 1..48.
@@ -143,8 +160,15 @@ inline const CardRec& Card(const Game& g, int index) {
     return g.Cards.at(static_cast<std::size_t>(index));
 }
 
-inline void LogPlay(const Game& g, const PlayLogEvent& event) {
+// Tells the listener, and remembers what was shown: a card played, and
+// the last two cards of Round One, which lie face up as they are shared.
+inline void LogPlay(Game& g, const PlayLogEvent& event) {
     if (g.onPlay) g.onPlay(g, event);
+    const std::uint64_t bit = event.card > 0 ? std::uint64_t{1} << (event.card - 1) : 0;
+    if (event.kind == PlayLogKind::Card) g.Shown.played |= bit;
+    if (event.kind == PlayLogKind::Draw && g.TrickCount == 12) {
+        g.Shown.intoHand.at(static_cast<std::size_t>(event.who)) |= bit;
+    }
 }
 
 }  // namespace trickhaven

@@ -141,6 +141,7 @@ void SetUpHand(Game& g) {
         g.view.SetCaption(label, "0");
     }
     g.LastStockCard = 0;
+    g.Shown = {};
     g.StockLeft = 0;
     g.MeldDone = false;
     g.view.SetCaption(TableLabel::LblStock, "Stock");

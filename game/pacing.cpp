@@ -1,6 +1,7 @@
 #include "game/pacing.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/data_file.h"
 #include "game/session.h"
@@ -40,13 +41,13 @@ void SetSpeed(Game& g, std::int16_t speed, const std::string& message) {
 }  // namespace
 
 void WaitDelay(Game& g) {
-    g.DelayStart = g.platform.TickCount();
+    g.DelayStart = g.platform.TickCount() - std::exchange(g.ThinkingMs, 0);
     WaitFromDelayStart(g);
 }
 
 void WaitDealSound(Game& g) {
     g.platform.PlaySound("carddeal1.wav");
-    g.DelayStart = g.platform.TickCount();
+    g.DelayStart = g.platform.TickCount() - std::exchange(g.ThinkingMs, 0);
     WaitFromDelayStart(g);
 }
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <vector>
 
+#include "expert/decisions.h"
+#include "robot/expert_seat.h"
 #include "round_one/card_click.h"
 
 namespace trickhaven {
@@ -38,14 +40,32 @@ std::optional<PolicyKind> PolicyKindByName(const std::string& name) {
     if (name == "first") return PolicyKind::First;
     if (name == "random") return PolicyKind::Random;
     if (name == "greedy") return PolicyKind::Greedy;
+    if (name == "expert") return PolicyKind::Expert;
     return std::nullopt;
 }
 
+template <typename Decide>
+auto PlayerPolicy::Think(Decide decide) {
+    if (onThinking) onThinking(true);
+    const auto choice = decide();
+    if (onThinking) onThinking(false);
+    return choice;
+}
+
 std::optional<TableEvent> PlayerPolicy::Next(const Game& g) {
+    // The Expert knocks, once, as soon as the knock wins.
+    if (!g.view.IsControlVisible(TableControl::LblKnock)) knocked_ = false;
+    if (kind_ == PolicyKind::Expert && !knocked_ && g.RoundOneOn && !g.PlayerKnocked &&
+        g.view.IsControlVisible(TableControl::LblKnock) && g.PlayerTotal >= g.TargetScore &&
+        g.OpponentTotal < g.TargetScore) {
+        knocked_ = true;
+        return TableEvent{TableEventKind::KnockClick};
+    }
     if (g.MeldAwaited) {
-        return NextMeldButton(g);
+        return kind_ == PolicyKind::Expert ? ExpertMeldButton(g) : NextMeldButton(g);
     }
     meldAttempt_ = 0;
+    expertMeld_.reset();
     if (CardAwaited(g)) {
         const int card = ChooseCard(g);
         if (card != 0) return TableEvent{TableEventKind::CardClick, card};
@@ -69,10 +89,56 @@ std::optional<TableEvent> PlayerPolicy::NextMeldButton(const Game& g) {
     return kGreedyMelds.at(static_cast<std::size_t>(random_() % kGreedyMelds.size()));
 }
 
+// The meld the engine chose for this offer, by the buttons that lay it:
+// a marriage through the marriage frame, nothing by Cancel.
+std::optional<TableEvent> PlayerPolicy::ExpertMeldButton(const Game& g) {
+    if (g.MeldCommandRunning) return std::nullopt;
+    // Trick 12 gives the player two offers with no turn between them.
+    const bool afterLastPair = Card(g, g.UpCard).Place != PlaceUpCard;
+    if (expertMeldAfterLastPair_ != afterLastPair) {
+        expertMeld_.reset();
+        meldAttempt_ = 0;
+    }
+    expertMeldAfterLastPair_ = afterLastPair;
+    if (!expertMeld_ || meldAttempt_ > 2) {
+        expertMeld_ = meldAttempt_ > 2 ? expert::Meld{} : Think([&g, afterLastPair] {
+            return expert::ExpertMeld(SeatViewOf(
+                g, ThePlayer, afterLastPair ? expert::Stage::LastMeld : expert::Stage::Meld));
+        });
+    }
+    const expert::Meld meld = *expertMeld_;
+    if (g.view.IsControlVisible(TableControl::FramMarriage)) {
+        return TableEvent{TableEventKind::MarriageClick, meld.arg};
+    }
+    if (!g.view.IsControlVisible(TableControl::FramDeclare)) return std::nullopt;
+    ++meldAttempt_;
+    switch (meld.kind) {
+        case expert::MeldKind::None:
+            return TableEvent{TableEventKind::CancelClick};
+        case expert::MeldKind::Dix:
+            return TableEvent{TableEventKind::DixClick};
+        case expert::MeldKind::DoublePinochle:
+            return TableEvent{TableEventKind::DoublePinochleClick};
+        case expert::MeldKind::Pinochle:
+            return TableEvent{TableEventKind::PinochleClick};
+        case expert::MeldKind::Marriage:
+            return TableEvent{TableEventKind::MakeMarriageClick};
+        case expert::MeldKind::Fours:
+            // The buttons of the fours run Kings, Queens, Jacks, Aces.
+            return TableEvent{TableEventKind::FoursClick, meld.arg == Ace ? 3 : King - meld.arg};
+        case expert::MeldKind::Run:
+            return TableEvent{TableEventKind::RunClick};
+    }
+    return std::nullopt;
+}
+
 int PlayerPolicy::ChooseCard(const Game& g) {
     const std::vector<int> cards = LegalCards(g);
     if (cards.empty()) return 0;
     switch (kind_) {
+        case PolicyKind::Expert:
+            return Think(
+                [&g] { return expert::ExpertCard(SeatViewOf(g, ThePlayer, expert::Stage::Card)); });
         case PolicyKind::First:
             return cards.front();
         case PolicyKind::Random:
@@ -106,9 +172,16 @@ int PlayerPolicy::ChooseCard(const Game& g) {
     return best;
 }
 
-int PlayerPolicy::Answer(const MessageRecord& message) {
+int PlayerPolicy::Answer(const MessageRecord& message, const Game* g) {
     if (message.title == "Make choice") {
         switch (kind_) {
+            case PolicyKind::Expert:
+                return g != nullptr && Think([g] {
+                           return expert::ExpertTakesStockCard(
+                               SeatViewOf(*g, ThePlayer, expert::Stage::LastPair));
+                       })
+                           ? 0
+                           : 1;
             case PolicyKind::First:
                 return 0;
             case PolicyKind::Random:

@@ -133,6 +133,7 @@ void DixExchange(Game& g, int who, int nine) {
     g.view.SetCardImage(nine, nine);
     g.view.MoveCard(nine, 4110, 2295);
     Card(g, oldUpCard).Place = HandPlace(who);
+    g.Shown.intoHand.at(static_cast<std::size_t>(who)) |= std::uint64_t{1} << (oldUpCard - 1);
     g.view.MoveCard(oldUpCard, 2670, 2070);
     g.view.BringCardToFront(oldUpCard);
     WaitDelay(g);

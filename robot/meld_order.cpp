@@ -3,6 +3,7 @@
 #include <array>
 
 #include "melds/meld_rules.h"
+#include "robot/expert_moves.h"
 
 namespace trickhaven {
 
@@ -31,6 +32,10 @@ constexpr std::array<MeldAttempt, 12> kAttempts{
 }  // namespace
 
 void OpponentMelds(Game& g) {
+    if (g.Robot == RobotKind::Expert) {
+        ExpertRobotMelds(g);
+        return;
+    }
     g.MeldDone = false;
     for (const MeldAttempt attempt : kAttempts) {
         attempt(g);

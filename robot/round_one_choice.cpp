@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "robot/expert_moves.h"
+
 namespace trickhaven {
 
 namespace {
@@ -96,7 +98,9 @@ int ChooseOpponentCard(Game& g) {
     if (!g.GameOn) {
         return 0;
     }
-    const int card = g.Leader == TheRobot ? RobotLeadCard(g) : RobotFollowCard(g);
+    const int card = g.Robot == RobotKind::Expert ? ExpertRobotCard(g)
+                     : g.Leader == TheRobot       ? RobotLeadCard(g)
+                                                  : RobotFollowCard(g);
     if (card == 0) {
         g.view.ShowPlainMessage(" If you can read this something wrong, has not found a card",
                                 "Trickhaven");

@@ -1,5 +1,6 @@
 #include "robot/round_two_choice.h"
 
+#include "robot/expert_moves.h"
 #include "robot/round_one_choice.h"
 
 namespace trickhaven {
@@ -82,7 +83,9 @@ int ChooseRoundTwoCard(Game& g) {
     if (!g.GameOn) {
         return 0;
     }
-    const int card = g.Leader == TheRobot ? RobotLeadCard(g) : RobotFollowCard(g);
+    const int card = g.Robot == RobotKind::Expert ? ExpertRobotCard(g)
+                     : g.Leader == TheRobot       ? RobotLeadCard(g)
+                                                  : RobotFollowCard(g);
     if (card == 0) {
         g.view.ShowPlainMessage(" Something wrong, no card found", "Trickhaven");
     }

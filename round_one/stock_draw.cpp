@@ -2,6 +2,7 @@
 
 #include "game/pacing.h"
 #include "melds/meld_offer.h"
+#include "robot/expert_moves.h"
 #include "robot/meld_order.h"
 #include "round_two/round_two.h"
 #include "table/deal.h"
@@ -17,14 +18,15 @@ void ShowStockLeft(Game& g) {
 }
 
 // The last two cards of Round One: the winner's choice, then the other.
-void LogLastPair(const Game& g, int winner, int chosen, int other) {
+void LogLastPair(Game& g, int winner, int chosen, int other) {
     LogPlay(g, CardDrawn(winner, chosen));
     LogPlay(g, CardDrawn(winner == ThePlayer ? TheRobot : ThePlayer, other));
 }
 
 // The robot keeps a turned-up Ace or Ten of trumps; otherwise it takes the
 // stock card only when that is a higher trump.
-bool RobotTakesStockCard(const Game& g) {
+bool RobotTakesStockCard(Game& g) {
+    if (g.Robot == RobotKind::Expert) return ExpertRobotTakesStockCard(g);
     const CardRec& up = Card(g, g.UpCard);
     const CardRec& last = Card(g, g.LastStockCard);
     return up.Value != Ace && up.Value != Ten && last.Suit == g.TrumpSuit && last.Value > up.Value;

@@ -12,9 +12,11 @@
 namespace trickhaven {
 namespace {
 
-SimOptions ChaosRun(std::uint64_t seed, int speed, long games) {
+SimOptions ChaosRun(std::uint64_t seed, int speed, long games,
+                    const std::string& robot = "classic") {
     SimOptions options;
     options.policy = "chaos";
+    options.robot = robot;
     options.games = games;
     options.seed = seed;
     options.speed = speed;
@@ -29,13 +31,14 @@ std::string Notes(const SimReport& report) {
 
 // At speed 0 the game's own waits serve no click; at the others every wait
 // does, and a trick won in Round Two already takes the next lead in its
-// closing wait.
-class ChaosAtSpeed : public testing::TestWithParam<std::tuple<int, std::uint64_t>> {};
+// closing wait. Either robot plays.
+class ChaosAtSpeed : public testing::TestWithParam<std::tuple<int, std::uint64_t, std::string>> {};
 
 TEST_P(ChaosAtSpeed, AnyClicksAndKeysLeaveEveryRuleStandingAndTheGamesFinish) {
-    const auto [speed, seed] = GetParam();
-    const SimReport report = Simulate(ChaosRun(seed, speed, 5));
+    const auto [speed, seed, robot] = GetParam();
+    const SimReport report = Simulate(ChaosRun(seed, speed, 5, robot));
     EXPECT_EQ(report.violations, 0) << Notes(report);
+    EXPECT_EQ(report.decisionMs.empty(), robot == "classic");
     EXPECT_EQ(report.playerWins + report.robotWins, 5);
     EXPECT_GT(report.injected, 100);
     EXPECT_GT(report.keysPressed, 1000);
@@ -44,7 +47,31 @@ TEST_P(ChaosAtSpeed, AnyClicksAndKeysLeaveEveryRuleStandingAndTheGamesFinish) {
 
 INSTANTIATE_TEST_SUITE_P(Speeds, ChaosAtSpeed,
                          testing::Combine(testing::Values(0, 25, 100, 250),
-                                          testing::Values(1U, 2U, 3U)));
+                                          testing::Values(1U, 2U, 3U),
+                                          testing::Values("classic", "expert")));
+
+// The Expert in both seats, the player's through his own clicks: whole,
+// legal games at every speed, the same again from the same seed.
+class ExpertAtSpeed : public testing::TestWithParam<int> {};
+
+TEST_P(ExpertAtSpeed, ExpertAgainstExpertPlaysWholeGamesThatReplayExactly) {
+    SimOptions options;
+    options.policy = "expert";
+    options.robot = "expert";
+    options.games = 2;
+    options.seed = 5;
+    options.speed = GetParam();
+    const SimReport first = Simulate(options);
+    EXPECT_EQ(first.violations, 0) << Notes(first);
+    EXPECT_EQ(first.playerWins + first.robotWins, 2);
+    EXPECT_GT(first.playerMelds, 0);
+    EXPECT_GT(first.robotMelds, 0);
+    const SimReport again = Simulate(options);
+    EXPECT_EQ(again.signature, first.signature);
+    EXPECT_EQ(again.handPoints, first.handPoints);
+}
+
+INSTANTIATE_TEST_SUITE_P(Speeds, ExpertAtSpeed, testing::Values(0, 25, 100, 250));
 
 TEST(ChaosFaults, EveryWriteFailingLeavesTheDataFilesAsTheyWereAndPlayGoesOn) {
     SimOptions options = ChaosRun(21, 100, 3);

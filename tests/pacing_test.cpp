@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "headless/headless_game.h"
+#include "headless/player_policy.h"
 
 namespace trickhaven {
 namespace {
@@ -33,6 +34,38 @@ TEST(WaitDelay, AZeroWaitServesNothingAndAHandlerThatSetsThePaceMovesTheEnd) {
     };
     WaitDelay(g);
     EXPECT_EQ(hg.platform.TickCount(), 100 + 1 + 100);
+}
+
+// The Expert thinks inside the robot's own pause: given the time it took,
+// the next wait is that much shorter, and every card of a hand is played at
+// the moment it would have been had it thought in no time.
+TEST(WaitDelay, TheExpertsThinkingComesOutOfTheRobotsPause) {
+    auto cardTimes = [](std::int32_t thinkingMs) {
+        HeadlessGame hg(9);
+        PlayerPolicy player(PolicyKind::Greedy, 9);
+        std::vector<std::int32_t> times;
+        bool handOver = false;
+        int decisions = 0;
+        hg.game.onThinking = [&](bool starting) {
+            if (!starting) hg.platform.SetClock(hg.platform.TickCount() + thinkingMs);
+            decisions += starting ? 1 : 0;
+        };
+        hg.game.onPlay = [&](const Game&, const PlayLogEvent& e) {
+            if (e.kind == PlayLogKind::Card) times.push_back(hg.platform.TickCount());
+            handOver = handOver || e.kind == PlayLogKind::HandEnd;
+        };
+        hg.table.answerDeluxe = [&](const MessageRecord& m) { return player.Answer(m); };
+        hg.platform.script.push_back({TableEventKind::MenuExpert});
+        hg.platform.script.push_back({TableEventKind::MenuNewGame});
+        hg.platform.policy = [&](Game& g) { return player.Next(g); };
+        hg.platform.stopWhen = [&](const Game&) { return handOver; };
+        hg.Run();
+        EXPECT_GT(decisions, 12);
+        return times;
+    };
+    const std::vector<std::int32_t> atOnce = cardTimes(0);
+    EXPECT_EQ(atOnce.size(), 48U);
+    EXPECT_EQ(cardTimes(90), atOnce);
 }
 
 }  // namespace

@@ -2,13 +2,16 @@
 // player policy, checks the table after every step, and reports what
 // happened, how fast, what it cost, and any broken rule.
 //
-//   trickhaven-sim [--policy first|random|greedy|chaos] [--games N] [--hands N]
+//   trickhaven-sim [--policy first|random|greedy|expert|chaos] [--robot classic|expert]
+//                  [--games N] [--hands N]
 //                  [--seed S] [--speed MS] [--transcript FILE] [--data-dir DIR]
 //                  [--fail-writes] [--allow-exit]
 //
 // The last line is a signature of everything the games said; the self-check
 // test compares it for a fixed seed. The exit status is 1 when a rule broke.
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -41,6 +44,9 @@ bool ParseOptions(int argc, char** argv, CommandLine& line) {
         if (flag == "--policy") {
             if (!IsKnownPolicy(value)) return false;
             options.policy = value;
+        } else if (flag == "--robot") {
+            if (!IsKnownRobot(value)) return false;
+            options.robot = value;
         } else if (flag == "--games") {
             options.games = std::atol(value.c_str());
         } else if (flag == "--hands") {
@@ -60,11 +66,45 @@ bool ParseOptions(int argc, char** argv, CommandLine& line) {
     return options.games > 0 && options.hands >= 0 && options.speed >= 0 && options.speed <= 5000;
 }
 
+double PerHand(long total, long hands) {
+    return hands > 0 ? static_cast<double>(total) / static_cast<double>(hands) : 0.0;
+}
+
+// The share of games the player won, with its 95% interval (Wilson's).
+void PrintWinShare(const SimReport& report) {
+    const double n = static_cast<double>(report.playerWins + report.robotWins);
+    if (n == 0) return;
+    const double p = static_cast<double>(report.playerWins) / n;
+    const double z = 1.96;
+    const double centre = (p + z * z / (2 * n)) / (1 + z * z / n);
+    const double half = z * std::sqrt(p * (1 - p) / n + z * z / (4 * n * n)) / (1 + z * z / n);
+    std::printf("player won %.1f%% of games (95%% interval %.1f%% to %.1f%%)\n", 100 * p,
+                100 * std::max(0.0, centre - half), 100 * std::min(1.0, centre + half));
+}
+
+// The Expert's time per decision: median, 99th percentile and worst.
+void PrintDecisionTimes(std::vector<double> ms) {
+    if (ms.empty()) return;
+    std::sort(ms.begin(), ms.end());
+    auto at = [&ms](double share) {
+        return ms[static_cast<std::size_t>(share * static_cast<double>(ms.size() - 1))];
+    };
+    std::printf("expert decisions: %zu, median %.2f ms, 99th percentile %.2f ms, worst %.2f ms\n",
+                ms.size(), at(0.5), at(0.99), ms.back());
+}
+
 void PrintReport(const SimReport& report, double seconds) {
     std::printf("games: %ld\nhands: %ld\ntricks: %ld\n", report.games, report.hands, report.tricks);
     std::printf("wins: player %ld, robot %ld\n", report.playerWins, report.robotWins);
-    std::printf("mean player score per hand: %.1f\n",
-                report.hands > 0 ? static_cast<double>(report.handPoints) / report.hands : 0.0);
+    PrintWinShare(report);
+    std::printf("mean player score per hand: %.1f\n", PerHand(report.handPoints, report.hands));
+    std::printf("points per hand: player %.1f, robot %.1f\n",
+                PerHand(report.handPoints, report.hands),
+                PerHand(report.robotHandPoints, report.hands));
+    std::printf("melds per hand: player %.2f, robot %.2f\n",
+                PerHand(report.playerMelds, report.hands),
+                PerHand(report.robotMelds, report.hands));
+    PrintDecisionTimes(report.decisionMs);
     std::printf("hands per second: %.0f\n", seconds > 0 ? report.hands / seconds : 0.0);
     std::printf(
         "events served: %ld, injected: %ld, keys pressed: %ld, program starts: %ld, exits taken: "
@@ -90,7 +130,8 @@ int main(int argc, char** argv) {
     CommandLine line;
     if (!ParseOptions(argc, argv, line)) {
         std::fprintf(stderr,
-                     "usage: trickhaven-sim [--policy first|random|greedy|chaos] [--games N] "
+                     "usage: trickhaven-sim [--policy first|random|greedy|expert|chaos] "
+                     "[--robot classic|expert] [--games N] "
                      "[--hands N] [--seed S] [--speed MS] [--transcript FILE] [--data-dir DIR] "
                      "[--fail-writes] [--allow-exit]\n");
         return 2;

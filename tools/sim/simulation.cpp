@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -146,6 +147,10 @@ private:
     }
 
     void Hook() {
+        hg_.game.onThinking = [this](bool starting) { TimeDecision(starting); };
+        player_.onThinking = [this](bool starting) { TimeDecision(starting); };
+        // The robot is chosen as the player chooses it, in its menu.
+        if (options_.robot == "expert") hg_.platform.script.push_back({TableEventKind::MenuExpert});
         hg_.platform.script.push_back({TableEventKind::MenuNewGame});
         hg_.game.onPlay = [this](const Game& g, const PlayLogEvent& e) { OnPlay(g, e); };
         hg_.table.onMessage = [this](const MessageRecord& m) {
@@ -181,7 +186,8 @@ private:
             const bool restart = hg_.platform.TickCount() > kRestartAfterMs;
             return PlayOn() && !restart ? 0 : 1;
         }
-        const int answer = Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m);
+        const int answer =
+            Chaos() ? chaos_.AnswerDeluxe(hg_.game, m, PlayOn()) : player_.Answer(m, &hg_.game);
         if (m.title == "Saved Game" && answer == 0) ++report_.gamesTakenUp;
         return answer;
     }
@@ -196,9 +202,13 @@ private:
             case PlayLogKind::Trick:
                 ++report_.tricks;
                 break;
+            case PlayLogKind::Meld:
+                ++(e.who == ThePlayer ? report_.playerMelds : report_.robotMelds);
+                break;
             case PlayLogKind::HandEnd:
                 ++report_.hands;
                 report_.handPoints += g.PlayerTotalMelds + g.PlayerTotalTricks;
+                report_.robotHandPoints += g.OpponentTotalMelds + g.OpponentTotalTricks;
                 if (std::find(options_.checkpoints.begin(), options_.checkpoints.end(),
                               report_.hands) != options_.checkpoints.end()) {
                     pendingCheckpoint_ = report_.hands;
@@ -210,6 +220,16 @@ private:
                 break;
             default:
                 break;
+        }
+    }
+
+    void TimeDecision(bool starting) {
+        const auto now = std::chrono::steady_clock::now();
+        if (starting) {
+            thinkingSince_ = now;
+        } else {
+            report_.decisionMs.push_back(
+                std::chrono::duration<double, std::milli>(now - thinkingSince_).count());
         }
     }
 
@@ -238,6 +258,7 @@ private:
     PlayerPolicy player_;
     ChaosPolicy chaos_;
     std::optional<Transcript> transcript_;
+    std::chrono::steady_clock::time_point thinkingSince_;
     long roundsWithoutPlay_ = 0;
     long pendingCheckpoint_ = 0;
     long deepest_ = 0;
@@ -250,6 +271,10 @@ void SimReport::Sign(const std::string& text) {
     for (const char c : text) {
         signature = (signature ^ static_cast<unsigned char>(c)) * 0x100000001B3ULL;
     }
+}
+
+bool IsKnownRobot(const std::string& name) {
+    return name == "classic" || name == "expert";
 }
 
 bool IsKnownPolicy(const std::string& name) {

@@ -12,7 +12,8 @@
 namespace trickhaven {
 
 struct SimOptions {
-    std::string policy = "first";  // first, random, greedy or chaos
+    std::string policy = "first";   // first, random, greedy, expert or chaos
+    std::string robot = "classic";  // classic or expert
     long games = 10;
     // Stop once this many hands are over; 0 plays the games out.
     long hands = 0;
@@ -51,6 +52,11 @@ struct SimReport {
     long playerWins = 0;
     long robotWins = 0;
     long handPoints = 0;
+    long robotHandPoints = 0;
+    long playerMelds = 0;
+    long robotMelds = 0;
+    // The Expert's time per decision, in milliseconds of the steady clock.
+    std::vector<double> decisionMs;
     long violations = 0;
     long sessions = 0;
     long eventsServed = 0;
@@ -67,6 +73,7 @@ struct SimReport {
 };
 
 bool IsKnownPolicy(const std::string& name);
+bool IsKnownRobot(const std::string& name);
 
 SimReport Simulate(const SimOptions& options);
 
