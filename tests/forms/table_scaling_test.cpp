@@ -60,9 +60,16 @@ protected:
     QGraphicsView* view = nullptr;
 };
 
-TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAtAnySize) {
+// Two cards side by side, the second half over the first as in a hand, and
+// the sort button take their clicks where they are drawn.
+TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAndTakesItsClicksAtAnySize) {
+    using E = TableEventKind;
     table.MoveCard(10, 1200, 7800);
     table.MoveCard(11, 7000, 1500);
+    table.MoveCard(9, 3000, 8000);
+    table.MoveCard(21, 3600, 8000);
+    table.BringCardToFront(21);
+    table.SetControlVisible(TableControl::CmdSort, true);
     const char* names[] = {"PicCard10",   "PicCard11",  "PicCard20", "Frame1", "FrameTricks",
                            "LblBotsName", "LblPlayer0", "LblStock",  "Line3"};
     QWidget* statusBar = FindControl(table, "StatusBar1");
@@ -70,7 +77,10 @@ TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAtAnySize) {
     for (const char* name : names) {
         designed.push_back(FindControl(table, name)->geometry());
     }
+    const QPointF corner = QPointF(FindControl(table, "PicCard9")->geometry().topLeft());
+    const QPointF sort = QPointF(FindControl(table, "CmdSort")->geometry().center());
     for (QSize room : Rooms) {
+        SCOPED_TRACE(testing::Message() << room.width() << " by " << room.height());
         GiveRoom(room);
         EXPECT_EQ(view->transform().isIdentity(), room == Rooms[0]);
         const int menu = table.menuBar()->height();
@@ -79,35 +89,19 @@ TEST_F(TableScalingTest, EveryPositionKeepsItsProportionAtAnySize) {
                   QRect(0, menu + room.height(), table.width(), 33));
         EXPECT_EQ(FindControl(table, "StatusBar1Panel4")->geometry().right() + 1, table.width());
         for (std::size_t k = 0; k < std::size(names); ++k) {
-            SCOPED_TRACE(testing::Message()
-                         << names[k] << " in " << room.width() << " by " << room.height());
+            SCOPED_TRACE(names[k]);
             QWidget* control = FindControl(table, names[k]);
             // Laid out once, by the design: only the picture scales.
             EXPECT_EQ(control->geometry(), designed[k]);
-            const QPoint corner = control->mapTo(table.Surface(), QPoint(0, 0));
+            const QPoint origin = control->mapTo(table.Surface(), QPoint(0, 0));
             for (const QPoint& offset :
                  {QPoint(0, 0), QPoint(control->width(), control->height())}) {
-                const QPointF expected = Expected(corner + offset);
+                const QPointF expected = Expected(origin + offset);
                 const QPoint shown = WindowSpot(table, *control, offset);
                 EXPECT_NEAR(shown.x(), expected.x(), 1.5);
                 EXPECT_NEAR(shown.y(), expected.y(), 1.5);
             }
         }
-    }
-}
-
-TEST_F(TableScalingTest, AClickAtTheScaledPlaceOfACardOrButtonSendsIt) {
-    using E = TableEventKind;
-    // Two cards side by side, the second half over the first, as in a hand.
-    table.MoveCard(9, 3000, 8000);
-    table.MoveCard(21, 3600, 8000);
-    table.BringCardToFront(21);
-    table.SetControlVisible(TableControl::CmdSort, true);
-    const QPointF corner = QPointF(FindControl(table, "PicCard9")->geometry().topLeft());
-    const QPointF sort = QPointF(FindControl(table, "CmdSort")->geometry().center());
-    for (QSize room : Rooms) {
-        SCOPED_TRACE(testing::Message() << room.width() << " by " << room.height());
-        GiveRoom(room);
         EXPECT_EQ(ClickAt(corner + QPointF(20, 48)), (std::vector<TableEvent>{{E::CardClick, 9}}));
         EXPECT_EQ(ClickAt(corner + QPointF(60, 48)), (std::vector<TableEvent>{{E::CardClick, 21}}));
         EXPECT_TRUE(ClickAt(corner + QPointF(120, 48)).empty());
