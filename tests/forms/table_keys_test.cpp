@@ -35,6 +35,7 @@ namespace trickhaven {
 namespace {
 
 using E = TableEventKind;
+using T = TableEvent;
 
 // Each text the notice shows as it comes into view, which is when a screen
 // reader speaks it.
@@ -198,8 +199,8 @@ TEST_F(TableKeysTest, NoCaptionMarksAReviewLetterOrTheRobotsMenusLetter) {
     for (const QAction* action : table.menuBar()->findChildren<QAction*>()) {
         if (action != robots) captions << action->text();
     }
-    const QString plain = ReviewLetters + QString("K") +
-                          QKeySequence::mnemonic(robots->text()).toString().back();
+    const QString plain =
+        ReviewLetters + QString("K") + QKeySequence::mnemonic(robots->text()).toString().back();
     int marked = 0;
     for (const QString& caption : captions) {
         const QKeySequence mark = QKeySequence::mnemonic(caption);
@@ -224,10 +225,12 @@ TEST_F(TableKeysTest,
                                        std::pair{TableControl::FramMarriage, "CmdMarriage1"}}) {
         table.SetControlVisible(shown, true);
         QApplication::processEvents();
+        EXPECT_TRUE(table.IsControlVisible(shown));
         EXPECT_EQ(Focused()->objectName(), first);
     }
     const QImage designed = sort->grab().toImage();
     std::vector<QString> round;
+    std::vector<T> clicks;
     for (std::size_t step = 0; step < 17; ++step) {
         Press(Qt::Key_Tab);
         QWidget* stop = Focused();
@@ -239,12 +242,20 @@ TEST_F(TableKeysTest,
         EXPECT_TRUE(stop != sort || sort->grab().toImage() == designed);
         ASSERT_EQ(log.events.size(), 2 * step + 2) << round.back().toStdString();
         EXPECT_TRUE(log.events[2 * step] == log.events[2 * step + 1]) << round.back().toStdString();
+        clicks.push_back(log.events.back());
     }
     EXPECT_EQ(round, (std::vector<QString>{"CmdMarriage2", "CmdMarriage3", "CmdMarriage4",
                                            "PicCard25", "CmdSort", "LblKnock", "CmdDBezique",
                                            "CmdBezique", "CmdSequence", "CmdFours3", "CmdFours0",
                                            "CmdFours1", "CmdFours2", "cmdDec7Trumps",
                                            "CmdMakeMarriage4", "CmdCancel", "CmdMarriage1"}));
+    EXPECT_EQ(clicks,
+              (std::vector<T>{T{E::MarriageClick, 2}, T{E::MarriageClick, 3},
+                              T{E::MarriageClick, 4}, T{E::CardClick, 25}, T{E::SortClick},
+                              T{E::KnockClick}, T{E::DoublePinochleClick}, T{E::PinochleClick},
+                              T{E::RunClick}, T{E::FoursClick, 3}, T{E::FoursClick, 0},
+                              T{E::FoursClick, 1}, T{E::FoursClick, 2}, T{E::DixClick},
+                              T{E::MakeMarriageClick}, T{E::CancelClick}, T{E::MarriageClick, 1}}));
     Press(Qt::Key_K);
     EXPECT_TRUE(log.events.back() == TableEvent{E::KnockClick});
     Press(Qt::Key_Escape);
@@ -253,8 +264,10 @@ TEST_F(TableKeysTest,
     table.SetControlVisible(TableControl::FramMeldHelp, true);
     QApplication::processEvents();
     EXPECT_EQ(Focused()->objectName(), "Command1");
+    log.events.clear();
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(log.events.back() == TableEvent{E::ReminderOkClick});
+    Click(Focused());
+    EXPECT_EQ(log.events, std::vector<TableEvent>(2, {E::ReminderOkClick}));
 }
 
 // The player's cards are buttons a press clicks; only while the game waits
