@@ -148,36 +148,6 @@ TEST_F(TableKeysTest, OnlyTheHandsCardsTakeTheFocusTheKeysWalkAndPlayThemAndTheR
     EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::CardClick, 3})));
 }
 
-// A review letter is spoken at once, wherever the focus is on the table,
-// and clicks nothing; Alt+S presses the sort button whatever it reads.
-TEST_F(TableKeysTest, ReviewLettersSpeakAtOnceAndAltSSortsWhateverTheSortButtonReads) {
-    TableReview review;
-    table.SetReview(review);
-    g.PlayerName = "Ada";
-    g.TrumpSuit = Spades;
-    g.UpCard = 38;
-    Card(g, g.UpCard).Place = PlaceUpCard;
-    g.StockLeft = 20;
-    Deal({25, 3});
-    table.SetControlVisible(TableControl::FramDeclare, true);
-    for (QWidget* at : {Picture(3), FindControl(table, "CmdCancel")}) {
-        notice->setAccessibleName("");
-        QTest::keyClick(at, Qt::Key_U);
-        EXPECT_EQ(notice->accessibleName(),
-                  "Spades are Trumps. The up card is Ace of Spades. Stock 20.");
-        EXPECT_TRUE(notice->isVisible());
-        QTest::keyClick(at, Qt::Key_L);
-        EXPECT_EQ(notice->accessibleName(), "Nothing told yet.");
-    }
-    table.SetControlVisible(TableControl::FramDeclare, false);
-    table.SetControlVisible(TableControl::CmdSort, true);
-    for (const char* caption : {"Sort Suits", "Sort Same"}) {
-        table.SetCaption(TableLabel::CmdSort, caption);
-        QTest::keyClick(Picture(3), Qt::Key_S, Qt::AltModifier);
-    }
-    EXPECT_EQ(log.events, (std::vector<TableEvent>(2, {E::SortClick})));
-}
-
 // The review's letters and K are plain keys, and R opens the robot's menu:
 // no other caption of the table, its panels, its menus, the help pages or the
 // About box marks one.
@@ -215,8 +185,7 @@ TEST_F(TableKeysTest, NoCaptionMarksAReviewLetterOrTheRobotsMenusLetter) {
 // A panel takes the focus on its first button; Enter or Space on each stop
 // of Tab's round gives the mouse's click, and Escape the offer's Cancel; a
 // button shows its focus to the keyboard only.
-TEST_F(TableKeysTest,
-       PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouseDoes) {
+TEST_F(TableKeysTest, PanelsTakeTheFocusTabGoesRoundTheShownControlsAndEachKeyClicksAsTheMouse) {
     Deal({25, 3});
     QWidget* sort = FindControl(table, "CmdSort");
     for (const auto& [shown, first] : {std::pair{TableControl::CmdSort, "PicCard25"},
@@ -228,6 +197,21 @@ TEST_F(TableKeysTest,
         EXPECT_TRUE(table.IsControlVisible(shown));
         EXPECT_EQ(Focused()->objectName(), first);
     }
+    // A review letter is spoken at once wherever the focus is, and clicks
+    // nothing; Alt+S presses the sort button whatever it reads.
+    TableReview review;
+    table.SetReview(review);
+    for (QWidget* at : {Picture(3), FindControl(table, "CmdCancel")}) {
+        notice->setAccessibleName("");
+        Press(Qt::Key_L, at);
+        EXPECT_TRUE(notice->isVisible() && notice->accessibleName() == "Nothing told yet.");
+    }
+    for (const char* caption : {"Sort Suits", "Sort Same"}) {
+        table.SetCaption(TableLabel::CmdSort, caption);
+        QTest::keyClick(Picture(3), Qt::Key_S, Qt::AltModifier);
+    }
+    EXPECT_EQ(log.events, (std::vector<T>(2, {E::SortClick})));
+    log.events.clear();
     const QImage designed = sort->grab().toImage();
     std::vector<QString> round;
     std::vector<T> clicks;
@@ -312,28 +296,26 @@ TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlay
     EXPECT_EQ(Read(qPrintable(QString("PicCard%1").arg(heart)))->role(), QAccessible::Graphic);
 }
 
-TEST_F(ScreenReaderTest, EachScoreFigureSaysItsSideAndRowAndFollowsNamesAndScores) {
-    table.SetCaption(TableLabel::LblBName, "Lorinda");
-    table.SetCaption(TableLabel::LblPname, "Ada");
-    using Row = std::tuple<TableLabel, QString>;
-    for (const auto& [label, said] :
-         std::vector<Row>{{TableLabel::LblLastTrickP, "Ada, last trick, 1"},
-                          {TableLabel::LblTotTricksP, "Ada, total tricks, 2"},
-                          {TableLabel::LblLastMeldP, "Ada, last meld, 3"},
-                          {TableLabel::LblTotalMeldsP, "Ada, total melds, 4"},
-                          {TableLabel::LblTotalScoreP, "Ada, total score, 5"},
-                          {TableLabel::LblLastTrickC, "Lorinda, last trick, 6"},
-                          {TableLabel::LblTotTricskC, "Lorinda, total tricks, 7"},
-                          {TableLabel::LbllLastMeldC, "Lorinda, last meld, 8"},
-                          {TableLabel::LblTotMeldsC, "Lorinda, total melds, 9"},
-                          {TableLabel::LblTotScoreC, "Lorinda, total score, 240"}}) {
-        table.SetCaption(label, said.section(", ", 2).toStdString());
-        // What is drawn is the figure alone.
+// Every caption shows what it is given; a score figure is read with its side
+// and row, and follows the names.
+TEST_F(ScreenReaderTest, EachCaptionShowsItsTextAndEachScoreFigureSaysItsSideAndRow) {
+    const QString rows[] = {"last trick", "total tricks", "last meld", "total melds",
+                            "total score"};
+    for (int k = 0; k <= static_cast<int>(TableLabel::LblTotScoreC); ++k) {
+        const auto label = static_cast<TableLabel>(k);
+        const QString shown = label == TableLabel::LblPname   ? "Ada"
+                              : label == TableLabel::LblBName ? "Lorinda"
+                                                              : QString::number(100 + k);
+        table.SetCaption(label, shown.toStdString());
+        const int row = k - static_cast<int>(TableLabel::LblLastTrickP);
+        const QString said =
+            row < 0 ? shown
+                    : QString("%1, %2, %3").arg(row < 5 ? "Ada" : "Lorinda", rows[row % 5], shown);
         EXPECT_EQ(std::tuple(Read(LabelName(label))->text(QAccessible::Name), table.Caption(label)),
-                  std::tuple(said, said.section(", ", 2).toStdString()));
+                  std::tuple(said, shown.toStdString()));
     }
     table.SetCaption(TableLabel::LblBName, "Bea");
-    EXPECT_EQ(Read("LblTotScoreC")->text(QAccessible::Name), "Bea, total score, 240");
+    EXPECT_EQ(Read("LblTotScoreC")->text(QAccessible::Name), "Bea, total score, 115");
 }
 
 TEST_F(ScreenReaderTest, WhatHappensUntilThePlayerIsAwaitedAndEachMessageIsOneNotification) {

@@ -188,13 +188,7 @@ TEST_F(TableViewTest, WhatIsBroughtToFrontLastCoversTheOthers) {
     }
 }
 
-TEST_F(TableViewTest, CaptionsAndStatusPanelsShowWhatTheyAreGiven) {
-    for (int k = 0; k <= static_cast<int>(TableLabel::LblTotScoreC); ++k) {
-        const auto label = static_cast<TableLabel>(k);
-        table.SetCaption(label, std::to_string(101 + k));
-        EXPECT_EQ(FindControl(table, LabelName(label))->property("text").toString(),
-                  QString::number(101 + k));
-    }
+TEST_F(TableViewTest, StatusPanelsShowWhatTheyAreGiven) {
     for (int panel = 1; panel <= 4; ++panel) {
         table.SetPanelText(panel, "text " + std::to_string(panel));
         const auto* shown = table.findChild<StatusPanel*>(QString("StatusBar1Panel%1").arg(panel));
