@@ -8,6 +8,7 @@
 #include <QTest>
 #include <array>
 #include <cmath>
+#include <map>
 
 #include "forms/mform_deluxe.h"
 #include "forms/twips.h"
@@ -29,88 +30,65 @@ int PixelsOf(double twips) {
 
 class MessageBoxTest : public ::testing::Test {
 protected:
-    QLabel* Label(const char* name) { return form.findChild<QLabel*>(QString::fromLatin1(name)); }
     QWidget* Button(int index) { return form.findChild<QWidget*>(QString("Pic1_%1").arg(index)); }
     QLabel* Caption(int index) { return form.findChild<QLabel*>(QString("Label1_%1").arg(index)); }
-
-    void PrepareShort(const QString& button1 = {}, const QString& button2 = {}) {
-        form.Prepare("Not your turn.", "OK", button1, button2, 3, "Wait");
-    }
-    void PrepareLong() { form.Prepare(kLongMessage, "OK", {}, {}, 1, " Game over"); }
-
-    // For every message the form follows the text, the buttons stand 90
-    // twips above the bottom and the icon is centred.
-    void ExpectLayoutFollowsText() {
-        const int h = form.FormHeightTwips();
-        EXPECT_EQ(h, PixelsToTwips(Label("Label2")->height()) + 1140);
-        EXPECT_EQ(form.height(), TwipsToPixels(h));
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(form.ButtonTopTwips(i), h - 300 - 90);
-        }
-        EXPECT_EQ(Button(0)->geometry().bottom() + 1, form.height() - TwipsToPixels(90));
-        EXPECT_EQ(form.IconTopTwips(), h / 2 - 255);
-        EXPECT_LE(std::abs(Label("Picture1")->geometry().center().y() - form.height() / 2), 1);
-    }
 
     MFormDeluxe form;
 };
 
-// Fewer buttons after more: the unused ones hide and the rest recentre.
-TEST_F(MessageBoxTest, ButtonsStandWhereTheTableOfLayoutsPutsThem) {
+// The form follows its text: the buttons stand 90 twips above the bottom and
+// the icon is centred. Fewer buttons after more: the unused ones hide and the
+// rest recentre. A short message after a long one keeps the long one's centre
+// and paints over its frame.
+TEST_F(MessageBoxTest, TheFormFollowsItsTextAndItsButtonsStandWhereTheTableOfLayoutsPutsThem) {
     struct Case {
-        QString button1, button2;
+        QString text, button1, button2;
         std::array<double, 3> lefts;  // -1: hidden
     };
-    const Case cases[] = {{"No", "Maybe", {292.5, 1612.5, 2932.5}},
-                          {"No", {}, {952, 2273, -1}},
-                          {{}, {}, {1612.5, -1, -1}}};
+    const QString brief = "Not your turn.";
+    const Case cases[] = {{brief, "No", "Maybe", {292.5, 1612.5, 2932.5}},
+                          {brief, "No", {}, {952, 2273, -1}},
+                          {brief, {}, {}, {1612.5, -1, -1}},
+                          {kLongMessage, {}, {}, {1612.5, -1, -1}}};
+    std::map<QString, int> heights;  // of the form, by its text
+    const QLabel* message = form.findChild<QLabel*>("Label2");
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.lefts[2] < 0 ? (c.lefts[1] < 0 ? "1 button" : "2 buttons") : "3 buttons");
-        PrepareShort(c.button1, c.button2);
+        SCOPED_TRACE((c.text.left(12) + " | " + c.button1 + " | " + c.button2).toStdString());
+        const QString title = c.text == brief ? "Wait" : " Game over";
+        form.Prepare(c.text, "OK", c.button1, c.button2, 3, title);
         for (int i = 0; i < 3; ++i) {
             EXPECT_EQ(Button(i)->isHidden(), c.lefts[i] < 0);
-            if (c.lefts[i] < 0) {
-                EXPECT_EQ(form.ButtonLeftTwips(i), -1);
-            } else {
-                EXPECT_NEAR(form.ButtonLeftTwips(i), c.lefts[i], 0.5);
-                EXPECT_EQ(Button(i)->x(), PixelsOf(c.lefts[i]));
-            }
+            EXPECT_NEAR(form.ButtonLeftTwips(i), c.lefts[i], c.lefts[i] < 0 ? 0 : 0.5);
+            EXPECT_TRUE(c.lefts[i] < 0 || Button(i)->x() == PixelsOf(c.lefts[i])) << i;
+            EXPECT_EQ(form.ButtonTopTwips(i), form.FormHeightTwips() - 300 - 90);
         }
+        const int h = heights[c.text] = form.FormHeightTwips();
         EXPECT_EQ(form.ButtonCaption(1), c.button1);
-        EXPECT_EQ(form.TitleBandText(), "   Wait");
-        ExpectLayoutFollowsText();
+        EXPECT_EQ(form.TitleBandText(), "   " + title);
+        EXPECT_EQ(h, PixelsToTwips(message->height()) + 1140);
+        EXPECT_EQ(message->heightForWidth(message->width()), message->height());
+        EXPECT_EQ(form.height(), TwipsToPixels(h));
+        EXPECT_EQ(Button(0)->geometry().bottom() + 1, form.height() - TwipsToPixels(90));
+        EXPECT_EQ(form.IconTopTwips(), h / 2 - 255);
+        EXPECT_LE(std::abs(form.findChild<QLabel*>("Picture1")->geometry().center().y() -
+                           form.height() / 2),
+                  1);
     }
-}
-
-TEST_F(MessageBoxTest, ALongMessageGrowsTheFormAndAShortOneAfterItCentresOnTheLongHeight) {
-    PrepareShort();
-    const int shortText = Label("Label2")->height();
-    const int shortForm = form.FormHeightTwips();
-    PrepareLong();
-    EXPECT_EQ(form.TitleBandText(), "    Game over");
-    const QLabel* message = Label("Label2");
-    EXPECT_GE(message->height(), 4 * shortText);
-    EXPECT_EQ(message->heightForWidth(message->width()), message->height());
-    const int longHeight = form.FormHeightTwips();
-    EXPECT_EQ(longHeight - shortForm, PixelsToTwips(message->height() - shortText));
-    ExpectLayoutFollowsText();
-    // The frame of the short message is painted over.
+    EXPECT_GE(heights[kLongMessage] - heights[brief], 3 * (heights[brief] - 1140));
     const QImage shot = form.grab().toImage();
-    EXPECT_EQ(shot.pixelColor(245, TwipsToPixels(shortForm) - 2), QColor(0, 0, 255));
+    EXPECT_EQ(shot.pixelColor(245, TwipsToPixels(heights[brief]) - 2), QColor(0, 0, 255));
     EXPECT_EQ(shot.pixelColor(245, form.height() - 2), kShadow);
-
-    PrepareShort();
-    EXPECT_EQ(form.FormHeightTwips(), shortForm);
-    ExpectLayoutFollowsText();
+    form.Prepare(brief, "OK", {}, {}, 3, "Wait");
+    EXPECT_EQ(form.FormHeightTwips(), heights[brief]);
     const QRect screen = form.screen()->geometry();
     EXPECT_EQ(form.y() - screen.y(),
-              PixelsOf(PixelsToTwips(screen.height()) / 2.0 - longHeight / 2.0));
+              PixelsOf(PixelsToTwips(screen.height()) / 2.0 - heights[kLongMessage] / 2.0));
     EXPECT_EQ(form.x() - screen.x(), PixelsOf(PixelsToTwips(screen.width()) / 2.0 - 4500 / 2.0));
 }
 
 // A caption takes either mouse button.
 TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
-    PrepareShort("Exit");
+    form.Prepare("Not your turn.", "OK", "Exit", {}, 3, "Wait");
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     QLabel* caption = Caption(1);
@@ -127,7 +105,7 @@ TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.Choice(), 1);
     // The next message raises the button again.
-    PrepareShort("Exit");
+    form.Prepare("Not your turn.", "OK", "Exit", {}, 3, "Wait");
     EXPECT_EQ(caption->geometry(), raised);
     EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kFace);
 }
