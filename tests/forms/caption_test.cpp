@@ -72,7 +72,14 @@ TEST(CaptionTest, EveryCaptionOfTheTableAndItsPanelsShowsWhole) {
     ExpectSteppedNoFurther(*FindControl(table, "LblTotal"), 15);
 }
 
-TEST(CaptionTest, EveryMessageOfTheGameShowsItsButtonsAndTitleWhole) {
+TEST(CaptionTest, EveryMessageOfTheGameTheHelpPagesAndTheAboutBoxShowWhole) {
+    HelpPages help;
+    for (int page = 1; page <= 3; ++page) {
+        help.Show(page);
+        ExpectCaptionsWhole(*help.Page(page));
+    }
+    FrmAbout about;
+    ExpectCaptionsWhole(about);
     const auto q = [](const std::string& text) { return QString::fromStdString(text); };
     MFormDeluxe form;
     for (const GameMessage& m : GameMessages()) {
@@ -92,16 +99,6 @@ TEST(CaptionTest, EveryMessageOfTheGameShowsItsButtonsAndTitleWhole) {
         dialog.show();
         ExpectCaptionsWhole(dialog);
     }
-}
-
-TEST(CaptionTest, EveryCaptionOfTheHelpPagesAndTheAboutBoxShowsWhole) {
-    HelpPages help;
-    for (int page = 1; page <= 3; ++page) {
-        help.Show(page);
-        ExpectCaptionsWhole(*help.Page(page));
-    }
-    FrmAbout about;
-    ExpectCaptionsWhole(about);
 }
 
 }  // namespace
