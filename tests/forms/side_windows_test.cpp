@@ -1,23 +1,171 @@
-// The windows beside the table: the help pages and the About box.
+// The windows beside the table: the game's message box, the help pages and
+// the About box.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAccessibleActionInterface>
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <array>
+#include <cmath>
 #include <functional>
+#include <map>
 #include <tuple>
 
 #include "forms/about_box.h"
 #include "forms/help_pages.h"
+#include "forms/mform_deluxe.h"
+#include "forms/twips.h"
 
 namespace trickhaven {
 namespace {
+
+const QString kLongMessage = QStringLiteral(
+    "Player, you have melded a Run in Trumps, Four Aces and a Double Pinochle, but the robot "
+    "has already reached the target score, and the knock ends the game before your melds can "
+    "count. Better luck in the next game, when the cards may run your way from the start.");
+const QColor kFace(240, 240, 240);
+const QColor kShadow(128, 128, 128);
+
+// Layout figures can fall on half twips; a control stands on the nearest whole one.
+int PixelsOf(double twips) {
+    return TwipsToPixels(static_cast<int>(std::lround(twips)));
+}
+
+class MessageBoxTest : public ::testing::Test {
+protected:
+    QWidget* Button(int index) { return form.findChild<QWidget*>(QString("Pic1_%1").arg(index)); }
+    QLabel* Caption(int index) { return form.findChild<QLabel*>(QString("Label1_%1").arg(index)); }
+
+    MFormDeluxe form;
+};
+
+// The form follows its text: the buttons stand 90 twips above the bottom and
+// the icon is centred. Fewer buttons after more: the unused ones hide and the
+// rest recentre. A short message after a long one keeps the long one's centre
+// and paints over its frame.
+TEST_F(MessageBoxTest, TheFormFollowsItsTextAndItsButtonsStandWhereTheTableOfLayoutsPutsThem) {
+    struct Case {
+        QString text, button1, button2;
+        std::array<double, 3> lefts;  // -1: hidden
+    };
+    const QString brief = "Not your turn.";
+    const Case cases[] = {{brief, "No", "Maybe", {292.5, 1612.5, 2932.5}},
+                          {brief, "No", {}, {952, 2273, -1}},
+                          {brief, {}, {}, {1612.5, -1, -1}},
+                          {kLongMessage, {}, {}, {1612.5, -1, -1}}};
+    std::map<QString, int> heights;  // of the form, by its text
+    const QLabel* message = form.findChild<QLabel*>("Label2");
+    for (const Case& c : cases) {
+        SCOPED_TRACE((c.text.left(12) + " | " + c.button1 + " | " + c.button2).toStdString());
+        const QString title = c.text == brief ? "Wait" : " Game over";
+        form.Prepare(c.text, "OK", c.button1, c.button2, 3, title);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(Button(i)->isHidden(), c.lefts[i] < 0);
+            EXPECT_NEAR(form.ButtonLeftTwips(i), c.lefts[i], c.lefts[i] < 0 ? 0 : 0.5);
+            EXPECT_TRUE(c.lefts[i] < 0 || Button(i)->x() == PixelsOf(c.lefts[i])) << i;
+            EXPECT_EQ(form.ButtonTopTwips(i), form.FormHeightTwips() - 300 - 90);
+        }
+        const int h = heights[c.text] = form.FormHeightTwips();
+        EXPECT_EQ(form.ButtonCaption(1), c.button1);
+        EXPECT_EQ(form.TitleBandText(), "   " + title);
+        EXPECT_EQ(h, PixelsToTwips(message->height()) + 1140);
+        EXPECT_EQ(message->heightForWidth(message->width()), message->height());
+        EXPECT_EQ(form.height(), TwipsToPixels(h));
+        EXPECT_EQ(Button(0)->geometry().bottom() + 1, form.height() - TwipsToPixels(90));
+        EXPECT_EQ(form.IconTopTwips(), h / 2 - 255);
+        EXPECT_LE(std::abs(form.findChild<QLabel*>("Picture1")->geometry().center().y() -
+                           form.height() / 2),
+                  1);
+    }
+    EXPECT_GE(heights[kLongMessage] - heights[brief], 3 * (heights[brief] - 1140));
+    const QImage shot = form.grab().toImage();
+    EXPECT_EQ(shot.pixelColor(245, TwipsToPixels(heights[brief]) - 2), QColor(0, 0, 255));
+    EXPECT_EQ(shot.pixelColor(245, form.height() - 2), kShadow);
+    form.Prepare(brief, "OK", {}, {}, 3, "Wait");
+    EXPECT_EQ(form.FormHeightTwips(), heights[brief]);
+    const QRect screen = form.screen()->geometry();
+    EXPECT_EQ(form.y() - screen.y(),
+              PixelsOf(PixelsToTwips(screen.height()) / 2.0 - heights[kLongMessage] / 2.0));
+    EXPECT_EQ(form.x() - screen.x(), PixelsOf(PixelsToTwips(screen.width()) / 2.0 - 4500 / 2.0));
+}
+
+// A caption takes either mouse button.
+TEST_F(MessageBoxTest, PressDragOffAndReleaseMakesNoClickAndStaysPressed) {
+    form.Prepare("Not your turn.", "OK", "Exit", {}, 3, "Wait");
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    QLabel* caption = Caption(1);
+    const QRect raised = caption->geometry();
+    EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kFace);
+    QTest::mousePress(caption, Qt::LeftButton);
+    EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kShadow);
+    QTest::mouseMove(caption, QPoint(-40, -40));
+    QTest::mouseRelease(caption, Qt::LeftButton, {}, QPoint(-40, -40));
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.Choice(), 0);
+    EXPECT_EQ(caption->geometry(), raised.adjusted(1, 1, 0, 0));
+    QTest::mouseClick(caption, Qt::RightButton);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Choice(), 1);
+    // The next message raises the button again.
+    form.Prepare("Not your turn.", "OK", "Exit", {}, 3, "Wait");
+    EXPECT_EQ(caption->geometry(), raised);
+    EXPECT_EQ(Button(1)->grab().toImage().pixelColor(0, 0), kFace);
+}
+
+// A dialog named by the title with its text and its buttons named by their
+// captions; the first has the focus, the box keeps the keyboard.
+TEST_F(MessageBoxTest, TheBoxReadsAsADialogWithItsTextAndItsButtonsAndTheFirstHasTheFocus) {
+    form.Prepare("Do you wish to leave?", "No Continue", "Yes &New Game", {}, 2,
+                 " Leave this game?");
+    form.show();
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(&form);
+    EXPECT_EQ(std::tuple(box->role(), box->text(QAccessible::Name)),
+              std::tuple(QAccessible::Dialog, QString("Leave this game?")));
+    using Row = std::tuple<QAccessible::Role, QString, int, bool>;  // children, focused
+    std::vector<Row> read;
+    for (int i = 0; i < box->childCount(); ++i) {
+        QAccessibleInterface* child = box->child(i);
+        EXPECT_EQ(box->indexOfChild(child), i);
+        read.emplace_back(child->role(), child->text(QAccessible::Name), child->childCount(),
+                          child->state().focused);
+    }
+    EXPECT_EQ(read, (std::vector<Row>{{QAccessible::StaticText, "Do you wish to leave?", 0, false},
+                                      {QAccessible::PushButton, "No Continue", 0, true},
+                                      {QAccessible::PushButton, "Yes New Game", 0, false}}));
+    // Another window of the game given the keyboard hands it back.
+    QWidget table;
+    table.show();
+    QApplication::setActiveWindow(&table);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.isActiveWindow(); }));
+    EXPECT_FALSE(form.KeyFocusShown());
+    QTest::keyClick(&form, Qt::Key_Tab);
+    EXPECT_TRUE(Button(1)->hasFocus() && box->child(2)->state().focused && form.KeyFocusShown());
+    box->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Choice(), 1);
+    // Each key answers as the click on its button.
+    const std::pair<std::vector<Qt::Key>, int> answers[] = {
+        {{Qt::Key_Escape}, 0},
+        {{Qt::Key_Tab, Qt::Key_Space}, 1},
+        {{Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, 0}};
+    for (const auto& [keys, choice] : answers) {
+        form.Prepare("Do you wish to leave?", "No Continue", "Yes New Game", {}, 2, "Leave?");
+        form.show();
+        for (const Qt::Key key : keys) QTest::keyClick(&form, key);
+        EXPECT_EQ(std::pair(form.isVisible(), form.Choice()), std::pair(false, choice));
+    }
+}
 
 // Pages one and two print their lines at every repaint; page three printed
 // itself once when it loaded and only shows that print again.
