@@ -1,6 +1,6 @@
 // The data files under faults: a write that fails leaves the old file as it
 // was, and a process killed in the middle of saving leaves the old file or
-// the new one, never a mix.
+// the new one, never a mix, be it Data.dat or the game in progress.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -11,6 +11,7 @@
 #include <string>
 
 #include "data/data_file.h"
+#include "data/saved_game.h"
 #include "headless/headless_game.h"
 
 namespace trickhaven {
@@ -37,24 +38,32 @@ TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
     SaveAllData(g);
     EXPECT_EQ(FileBytes(hg.folder / "Data.dat"), data);
     EXPECT_EQ(FileBytes(hg.folder / "All.dat"), all);
-    // Once the way is clear the next save writes the new line.
+    EXPECT_FALSE(WriteFileWhole(hg.folder / "Data.dat", "x"));
+    EXPECT_FALSE(WriteFileWhole("/nonexistent-trickhaven-folder/Data.dat", "0"));
+    // Once the way is clear the next save writes the new line, and leaves
+    // no litter.
     std::filesystem::remove(hg.folder / "Data.dat.tmp");
     SaveData(g);
+    EXPECT_FALSE(std::filesystem::exists(hg.folder / "Data.dat.tmp"));
     const auto line = ParseSettingsLine(FileBytes(hg.folder / "Data.dat"));
     ASSERT_TRUE(line.has_value());
     EXPECT_EQ(line->PlayerName, g.PlayerName);
     EXPECT_EQ(line->PlayerWins, 6);
 }
 
-// A child saves two different lines in turn, as fast as it can, until it
-// is killed; it works on its own copy of the parent's game and tells the
-// parent of each save that is through by a byte down the pipe.
+// A child saves two different lines and standings in turn, as fast as it
+// can, until it is killed; it works on its own copy of the parent's game and
+// tells the parent of each round of saves that is through by a byte down the
+// pipe.
 [[noreturn]] void SaveForever(Game& g, int done) {
     for (long round = 0;; ++round) {
         const bool even = round % 2 == 0;
         g.PlayerName = std::string(even ? 20000 : 3, even ? 'E' : 'o');
         g.GameStats = {0, even ? 2 : 1, 0};
+        g.PlayerTotal = even ? 111 : 222;
+        g.HandNumber = even ? 1 : 2;
         SaveData(g);
+        SaveStanding(g);
         const char saved = 's';
         if (::write(done, &saved, 1) != 1) ::_exit(1);
     }
@@ -63,6 +72,7 @@ TEST(DataFaults, AFailedSaveLeavesThePreviousFilesByteForByte) {
 TEST(DataFaults, AKillInTheMiddleOfSavingLeavesAWholeFile) {
     HeadlessGame hg;
     hg.game.PlayerName = "first";
+    hg.game.TargetScore = 1000;
     SaveData(hg.game);
     std::mt19937 random(20240611);
     int seenEven = 0;
@@ -92,6 +102,9 @@ TEST(DataFaults, AKillInTheMiddleOfSavingLeavesAWholeFile) {
         ASSERT_TRUE(WIFSIGNALED(status));
         const auto line = ParseSettingsLine(FileBytes(hg.folder / "Data.dat"));
         ASSERT_TRUE(line.has_value()) << "attempt " << attempt;
+        const auto standing = ParseStanding(FileBytes(hg.folder / kSavedGameName));
+        ASSERT_TRUE(standing.has_value()) << "attempt " << attempt;
+        EXPECT_TRUE(standing->PlayerTotal == 111 || standing->PlayerTotal == 222);
         const std::string& name = line->PlayerName;
         if (name == std::string(20000, 'E') && line->PlayerWins == 2) {
             ++seenEven;

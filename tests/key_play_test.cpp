@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -84,35 +85,16 @@ private:
 // clock, the focus and the table's record.
 std::string Standing(const HeadlessGame& hg) {
     const Game& g = hg.game;
-    std::string standing;
-    for (int card = 1; card <= CardCount; ++card) {
-        standing += std::to_string(Card(g, card).Place) + ":" +
-                    std::to_string(CardFlagBits(Card(g, card))) + " ";
-    }
-    for (const int value : {int{g.TrickCount},
-                            g.Leader,
-                            int{g.PlayerMayPlay},
-                            int{g.MeldAwaited},
-                            int{g.GameOn},
-                            int{g.StockLeft},
-                            g.UpCard,
-                            g.LeadCard,
-                            g.FollowCard,
-                            int{g.DelayMs},
-                            g.DelayStart,
-                            int{g.PlayerTotal},
-                            int{g.OpponentTotal},
-                            int{g.PlayerTotalTricks},
-                            int{g.OpponentTotalTricks},
-                            int{g.PlayerTotalMelds},
-                            int{g.OpponentTotalMelds},
-                            int{g.TargetScore},
-                            hg.platform.keyboard.Focus().hand.card,
-                            static_cast<int>(hg.platform.keyboard.Focus().stop),
-                            static_cast<int>(hg.table.timeline.size())}) {
-        standing += std::to_string(value) + " ";
-    }
-    return standing;
+    std::ostringstream standing;
+    for (int card = 1; card <= CardCount; ++card)
+        standing << Card(g, card).Place << ':' << CardFlagBits(Card(g, card)) << ' ';
+    const auto show = [&standing](const auto&... figure) { ((standing << +figure << ' '), ...); };
+    const TableFocus& focus = hg.platform.keyboard.Focus();
+    show(g.TrickCount, g.Leader, g.PlayerMayPlay, g.MeldAwaited, g.GameOn, g.StockLeft, g.UpCard,
+         g.LeadCard, g.FollowCard, g.DelayMs, g.DelayStart, g.PlayerTotal, g.OpponentTotal,
+         g.PlayerTotalTricks, g.OpponentTotalTricks, g.PlayerTotalMelds, g.OpponentTotalMelds,
+         g.TargetScore, focus.hand.card, static_cast<int>(focus.stop), hg.table.timeline.size());
+    return standing.str();
 }
 
 struct Played {
