@@ -121,17 +121,20 @@ TEST(TableStops, TabPassesHiddenControlsAndAnEmptyHandAndBackTabGoesTheOtherWay)
 
 // Enter and Space click what has the focus, K knocks while "Knock?" shows; a
 // panel takes the focus on its first button, Escape cancels the offer or
-// closes the reminder, and a panel gone gives the focus back to its card.
+// closes the reminder, a panel gone gives the focus back to its card, and
+// Alt+S sorts.
 TEST(TableKeys, KeysClickWhatHasTheFocusPanelsTakeItOnTheirFirstButtonAndEscapeCancelsTheOffer) {
     KeysTable t;
     t.Lay(KD, 4000, 10080);
     t.Lay(AD, 2500, 10080);
+    t.hg.table.SetCaption(TableLabel::CmdSort, "Sort Suits");
     TableFocus focus;
     struct Step {
         TableControl control;
         bool up;
         std::vector<TableKey> keys;
         std::optional<TableEvent> click;
+        char letter = 0;  // of the keys pressed with Alt
     };
     const Step steps[] = {
         {TableControl::LblKnock, false, {K::Enter}, TableEvent{E::CardClick, AD}},
@@ -149,13 +152,17 @@ TEST(TableKeys, KeysClickWhatHasTheFocusPanelsTakeItOnTheirFirstButtonAndEscapeC
         {TableControl::FramMeldHelp, true, {K::Escape}, TableEvent{E::ReminderOkClick}},
         {TableControl::FramMeldHelp, false, {}, std::nullopt},
         {TableControl::FramDeclare, false, {K::Enter}, TableEvent{E::CardClick, KD}},
+        // Alt+S sorts whatever the sort button reads, and only while it shows.
+        {TableControl::CmdSort, false, {K::AltLetter}, std::nullopt, 'S'},
+        {TableControl::CmdSort, true, {K::AltLetter}, TableEvent{E::SortClick}, 'S'},
+        {TableControl::CmdSort, true, {K::AltLetter}, std::nullopt, 'q'},
     };
     for (const Step& step : steps) {
         SCOPED_TRACE(ControlName(step.control) + std::string(step.up ? " up" : " gone"));
         t.hg.table.SetControlVisible(step.control, step.up);
         std::optional<TableEvent> click;
         for (const TableKey key : step.keys) {
-            click = PressTableKey(focus, t.g, SightOf(t.hg.table), {key});
+            click = PressTableKey(focus, t.g, SightOf(t.hg.table), {key, step.letter});
         }
         EXPECT_EQ(click, step.click);
     }
@@ -181,19 +188,6 @@ TEST(TableKeys, AfterEachDealTheFocusIsOnTheFirstCardOfTheHand) {
     ASSERT_TRUE(hg.Run());
     EXPECT_EQ(focusAndFirst.size(), 2U);
     for (const auto& [focused, first] : focusAndFirst) EXPECT_EQ(focused, first);
-}
-
-// Alt+S sorts whatever the sort button reads, and only while it shows.
-TEST(TableKeys, AltSSortsWhateverTheSortButtonReads) {
-    KeysTable t;
-    TableFocus focus;
-    auto press = [&](KeyPress key) { return PressTableKey(focus, t.g, SightOf(t.hg.table), key); };
-    const KeyPress altS{K::AltLetter, 'S'};
-    EXPECT_FALSE(press(altS));
-    t.hg.table.SetControlVisible(TableControl::CmdSort, true);
-    t.hg.table.SetCaption(TableLabel::CmdSort, "Sort Suits");
-    EXPECT_EQ(press(altS), TableEvent{E::SortClick});
-    EXPECT_FALSE(press(KeyPress{K::AltLetter, 'q'}));
 }
 
 TEST(TableReview, EachLetterTellsWhatTheTableShowsNow) {
