@@ -13,15 +13,7 @@
 namespace trickhaven {
 namespace {
 
-// Every box shown, as "title|text|buttons|icon".
-std::string Said(const RoundOneTable& t) {
-    std::string said;
-    for (const MessageRecord& box : t.hg.table.Messages()) {
-        said += box.title + "|" + box.text + "|" + box.buttons[0] + box.buttons[1] +
-                box.buttons[2] + "|" + std::to_string(box.icon) + "\n";
-    }
-    return said;
-}
+using Lines = std::vector<std::string>;
 
 TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
     const auto panelUp = [](RoundOneTable& t) {
@@ -33,13 +25,14 @@ TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
     using Row = std::tuple<const char*, int, std::function<void(RoundOneTable&)>, std::string>;
     for (const auto& [what, card, arrange, said] : std::vector<Row>{
              {"robot's melded card, meld panel up", JD1, panelUp,
-              "Tut Tut|Ada You really musn't try to look at Lorinda card you know!|Just "
-              "Peeping|3\n"},
+              "Tut Tut [Just Peeping||] 3: Ada You really musn't try to look at Lorinda card you "
+              "know!"},
              {"card on the trick", KH, nullptr,
-              "Cards out of game|Ada These cards have been played and are now out of the "
-              "hand.|Right|3\n"},
+              "Cards out of game [Right||] 3: Ada These cards have been played and are now out of "
+              "the hand."},
              {"up card", NC, nullptr,
-              "The Up Card|Ada This is the UpCard Nine of Clubs and the suit is trumps|Right|3\n"},
+              "The Up Card [Right||] 3: Ada This is the UpCard Nine of Clubs and the suit is "
+              "trumps"},
              {"robot's card, no game", KC, [](RoundOneTable& t) { t.g.GameOn = false; }, ""},
              {"out of turn", KC, [](RoundOneTable& t) { t.g.PlayerMayPlay = false; }, ""},
              {"own card, meld panel up", AS, panelUp, ""},
@@ -58,7 +51,7 @@ TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
         const auto before = std::tuple(Card(t.g, card).Place, 0, 0, t.g.PlayerMayPlay);
         EXPECT_FALSE(ClickWouldPlay(t.g, card));
         PicCard_Click(t.g, card);
-        EXPECT_EQ(Said(t), said);
+        EXPECT_EQ(Told(t.hg.table), said.empty() ? Lines{} : Lines{said});
         EXPECT_EQ(
             std::tuple(Card(t.g, card).Place, t.g.LeadCard, t.g.FollowCard, t.g.PlayerMayPlay),
             before);
@@ -66,20 +59,20 @@ TEST(CardClick, RefusesWithItsWordsOrIgnoresAndPlaysNothing) {
 }
 
 TEST(CardClick, PlaysOnceToTheFrontAndInRoundTwoFollowsSuitElseTrumps) {
-    const std::string follow =
-        "Must follow suit.|Ada You have a card of the same suit and must play it.|Ah Right|3\n";
-    const std::string trump = "You have a Trump|Ada You have a Trump and must play it.|O.K|3\n";
+    const Lines follow{
+        "Must follow suit. [Ah Right||] 3: Ada You have a card of the same suit and must play it."};
+    const Lines trump{"You have a Trump [O.K||] 3: Ada You have a Trump and must play it."};
     // The round, the hand (its first card is kept), the card led by the robot
     // (none: the player leads), the card refused and its box, the card
     // played (melded) and where it lies in the first wait.
-    using Row = std::tuple<const char*, int, std::vector<int>, int, int, std::string, int, int>;
+    using Row = std::tuple<const char*, int, std::vector<int>, int, int, Lines, int, int>;
     for (const auto& [what, round, hand, led, refused, refusal, played, placeInWait] :
          std::vector<Row>{
-             {"Round One, any card on a Heart", 1, {KH, AD}, AH, 0, "", AD, PlacePlayerHand},
+             {"Round One, any card on a Heart", 1, {KH, AD}, AH, 0, {}, AD, PlacePlayerHand},
              {"must follow suit", 2, {KH, AS, NH}, AH, AS, follow, NH, PlacePlayerHand},
              {"must trump", 2, {AD, NH, AS}, KC, AD, trump, NH, PlacePlayed},
-             {"neither suit nor trump", 2, {AS, AD}, KC, 0, "", AD, PlacePlayed},
-             {"own lead", 2, {QC, AS, KH}, 0, 0, "", AS, PlacePlayed}}) {
+             {"neither suit nor trump", 2, {AS, AD}, KC, 0, {}, AD, PlacePlayed},
+             {"own lead", 2, {QC, AS, KH}, 0, 0, {}, AS, PlacePlayed}}) {
         SCOPED_TRACE(what);
         RoundOneTable t(Hearts, NC);
         t.g.PlayerMayPlay = true;
@@ -108,7 +101,7 @@ TEST(CardClick, PlaysOnceToTheFrontAndInRoundTwoFollowsSuitElseTrumps) {
         };
         PicCard_Click(t.g, played);
         EXPECT_EQ(placeSeen, placeInWait);
-        EXPECT_EQ(Said(t), refusal);
+        EXPECT_EQ(Told(t.hg.table), refusal);
         EXPECT_EQ(std::tuple(t.g.LeadCard, t.g.FollowCard),
                   std::tuple(led != 0 ? led : played, led != 0 ? played : 0));
         EXPECT_EQ(led != 0 ? t.g.FollowSuit : t.g.LeadSuit, Card(t.g, played).Suit);

@@ -18,16 +18,6 @@ namespace {
 using Lines = std::vector<std::string>;
 const std::string kSaved = ",100,\"Player\",\"Lorinda\",1000\r\n";
 
-// Each box as "<title> [<buttons>] <icon>: <text>".
-Lines Told(const HeadlessTable& table) {
-    Lines told;
-    for (const MessageRecord& m : table.Messages()) {
-        told.push_back(m.title + " [" + m.buttons[0] + "|" + m.buttons[1] + "|" + m.buttons[2] +
-                       "] " + std::to_string(m.icon) + ": " + m.text);
-    }
-    return told;
-}
-
 // A game at the given totals against a target of 1000.
 struct ScoresTable {
     ScoresTable(bool roundOne, int player, int robot) : g(hg.game) {

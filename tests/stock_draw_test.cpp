@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <tuple>
 
 #include "tests/meld_fixtures.h"
@@ -25,12 +24,11 @@ TEST(TakeLastStock, RobotTakesTheStockCardOnlyAsAHigherTrumpOverNoAceOrTen) {
         Card(t.g, last).Place = PlaceStock;
         t.g.LastStockCard = last;
         TakeLastStock(t.g);
-        const MessageRecord& box = t.hg.table.Messages().at(0);
-        EXPECT_EQ(box.title + "|" + box.text + "|" + box.buttons[0] + box.buttons[1] +
-                      box.buttons[2] + "|" + std::to_string(box.icon),
-                  takesStock
-                      ? "Taking Stock card|Lorinda has decided to take the last Stock card.|O.K|1"
-                      : "Taking trump card|Lorinda has decided to take the UpCard trump.|O.K|1");
+        EXPECT_EQ(Told(t.hg.table).at(0),
+                  takesStock ? "Taking Stock card [O.K||] 1: Lorinda has decided to take the last "
+                               "Stock card."
+                             : "Taking trump card [O.K||] 1: Lorinda has decided to take the "
+                               "UpCard trump.");
         EXPECT_EQ(Card(t.g, takesStock ? last : up).Place, PlaceOpponentHand);
         EXPECT_EQ(Card(t.g, takesStock ? up : last).Place, PlacePlayerHand);
     }
