@@ -1,13 +1,11 @@
-// The player's meld offer: its two prompts, the two panels, one meld per
-// offer, refusals that keep it open, and Cancel.
+// The player's meld offer: the two panels, one meld per offer, refusals that
+// keep it open, and Cancel.
 #include "melds/meld_offer.h"
 
 #include <gtest/gtest.h>
 
 #include <tuple>
 
-#include "round_one/stock_draw.h"
-#include "round_one/trick_cycle.h"
 #include "tests/meld_fixtures.h"
 
 namespace trickhaven {
@@ -32,19 +30,6 @@ struct OfferTable : RoundOneTable {
     }
     bool Up(TableControl panel) const { return hg.table.IsControlVisible(panel); }
 };
-
-// After a trick he has won, and after he has taken his last card in trick 12.
-TEST(MeldOffer, OpensWithThePromptOfItsPlace) {
-    for (const auto& [open, prompt] :
-         {std::tuple(&ResolveTrick, "Ada click Meld to make or Cancel to receive card."),
-          std::tuple(&EndRoundOne, " Click a Meld to make or click Cancel to receive a card")}) {
-        OfferTable table({});
-        table.hg.platform.stopWhen = [](const Game& game) { return game.MeldAwaited; };
-        EXPECT_THROW(open(table.g), ScenarioOver);
-        EXPECT_EQ(std::tuple(table.hg.table.PanelText(2), table.Up(TableControl::FramDeclare)),
-                  std::tuple(prompt, true));
-    }
-}
 
 // Each button makes its meld and lays its row; the button pressed twice, a
 // marriage and Cancel all come during the meld's waits and none of them acts.

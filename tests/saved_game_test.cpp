@@ -18,7 +18,6 @@
 namespace trickhaven {
 namespace {
 
-const std::string kTitle = "Saved Game";
 const GameStanding kMidGame{430, 610, 1250, 2, 3, 0x0123456789abcdefULL};
 const std::string kMidGameText =
     "trickhaven saved game 1\nplayer 430\nrobot 610\ntarget 1250\ndealer 2\nhands 3\n"
@@ -26,10 +25,6 @@ const std::string kMidGameText =
 
 std::filesystem::path SavedFile(const HeadlessGame& hg) {
     return hg.folder / kSavedGameName;
-}
-
-std::optional<GameStanding> Saved(const HeadlessGame& hg) {
-    return ParseStanding(FileBytes(SavedFile(hg)));
 }
 
 auto Fields(const GameStanding& s) {
@@ -46,7 +41,8 @@ void NewGameWith(HeadlessGame& hg, const std::string& saved) {
 }
 
 int Offers(const HeadlessGame& hg) {
-    return static_cast<int>(std::ranges::count(hg.table.Messages(), kTitle, &MessageRecord::title));
+    return static_cast<int>(
+        std::ranges::count(hg.table.Messages(), "Saved Game", &MessageRecord::title));
 }
 
 // The deal on the table once Round One is on: where every card lies, the up
@@ -162,7 +158,7 @@ TEST(SavedGame, EachHandEndAndEachRiseSavesWithTheNextDealsSeedAndGameOverDropsI
     const std::uint64_t before = g.NextDealSeed;
     std::vector<std::optional<GameStanding>> seen;
     hg.table.answerDeluxe = [&](const MessageRecord&) {
-        seen.push_back(Saved(hg));
+        seen.push_back(ParseStanding(FileBytes(SavedFile(hg))));
         return 0;
     };
     EndOfHand(g);
