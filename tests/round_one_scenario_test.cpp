@@ -1,5 +1,7 @@
-// The last two tricks of Round One and its closing sequence on a laid table,
-// at the medium speed, read step by step from the table's timeline.
+// Who wins a trick and what it is worth, the robot's choice of the last two
+// cards, and the last two tricks of Round One and its closing sequence on a
+// laid table, at the medium speed, read step by step from the table's
+// timeline.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include <tuple>
 #include <vector>
 
+#include "round_one/stock_draw.h"
 #include "round_one/trick_cycle.h"
 #include "tests/meld_fixtures.h"
 
@@ -18,7 +21,54 @@ namespace {
 
 constexpr int TD = CardIndex(Ten, Diamonds), NS = CardIndex(Nine, Spades);
 constexpr int AC = CardIndex(Ace, Clubs), TC = CardIndex(Ten, Clubs);
-constexpr int JC = CardIndex(Jack, Clubs);
+constexpr int JC = CardIndex(Jack, Clubs), ND = CardIndex(Nine, Diamonds);
+constexpr int P = ThePlayer, R = TheRobot;
+
+TEST(Trick, WinnerIsTheLeaderUnlessTheSuitOrATrumpBeatsAndTheValueAddsTheCardPoints) {
+    // Hearts are trumps. Led, followed, the leader, the winner, the points.
+    for (const auto& [what, led, followed, leader, winner, points] :
+         {std::tuple{"two identical aces: the one led", AC, Second(AC), R, R, 22},
+          {"trump king on a plain ace", AC, KH, P, R, 15},
+          {"a king under the ten of its suit", TS, KS, P, P, 14},
+          {"a ten over the king of its suit", KS, TS, R, P, 14},
+          {"third suit ace on a led nine", ND, AS, P, P, 11},
+          {"nine of trumps on a plain nine", NC, NH, R, P, 0},
+          {"queen and jack of two plain suits", QS1, JD1, R, R, 5}}) {
+        SCOPED_TRACE(what);
+        RoundOneTable t;
+        t.g.Leader = leader;
+        t.g.LeadCard = led;
+        t.g.LeadSuit = Card(t.g, led).Suit;
+        t.g.FollowCard = followed;
+        t.g.FollowSuit = Card(t.g, followed).Suit;
+        EXPECT_EQ(TrickWinner(t.g), winner);
+        EXPECT_EQ(TrickValue(t.g), points);
+    }
+}
+
+TEST(TakeLastStock, RobotTakesTheStockCardOnlyAsAHigherTrumpOverNoAceOrTen) {
+    // The up card, the last stock card, whether the robot takes the latter.
+    for (const auto& [what, up, last, takesStock] :
+         {std::tuple{"trump ace above a trump king", KH, AH, true},
+          {"turned-up ten kept above the ace", TH, AH, false},
+          {"turned-up ace kept", AH, Second(AH), false},
+          {"equal trump not taken", KH, Second(KH), false},
+          {"lower trump not taken", QH, JH, false},
+          {"plain ace never taken", NH, CardIndex(Ace, Clubs), false}}) {
+        SCOPED_TRACE(what);
+        RoundOneTable t(Hearts, up, 12);
+        Card(t.g, last).Place = PlaceStock;
+        t.g.LastStockCard = last;
+        TakeLastStock(t.g);
+        EXPECT_EQ(Told(t.hg.table).at(0),
+                  takesStock ? "Taking Stock card [O.K||] 1: Lorinda has decided to take the last "
+                               "Stock card."
+                             : "Taking trump card [O.K||] 1: Lorinda has decided to take the "
+                               "UpCard trump.");
+        EXPECT_EQ(Card(t.g, takesStock ? last : up).Place, PlaceOpponentHand);
+        EXPECT_EQ(Card(t.g, takesStock ? up : last).Place, PlacePlayerHand);
+    }
+}
 
 // Walks the timeline through the steps, each line "<gap> <pattern>", and
 // gives them back with the gap found since the step before; the walk starts
