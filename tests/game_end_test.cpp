@@ -1,32 +1,27 @@
-// The target tests, the knock, the end of a hand and of a game, at speed
-// 100; the timeline pins the waits.
+// The last tricks of a hand, played on a table laid by hand, the target
+// tests, the knock, the end of a hand and of a game, at speed 100; the
+// timeline pins the steps of each trick and the waits.
 #include "round_one/game_end.h"
 
 #include <gtest/gtest.h>
 
+#include <deque>
+#include <regex>
 #include <tuple>
 
 #include "data/data_file.h"
 #include "data/robot_file.h"
 #include "game/session.h"
 #include "headless/headless_game.h"
-#include "tests/table_fixtures.h"
+#include "headless/player_policy.h"
+#include "round_two/round_two.h"
+#include "tests/meld_fixtures.h"
 
 namespace trickhaven {
 namespace {
 
 using Lines = std::vector<std::string>;
 const std::string kSaved = ",100,\"Player\",\"Lorinda\",1000\r\n";
-
-// Each box as "<title> [<buttons>] <icon>: <text>".
-Lines Told(const HeadlessTable& table) {
-    Lines told;
-    for (const MessageRecord& m : table.Messages()) {
-        told.push_back(m.title + " [" + m.buttons[0] + "|" + m.buttons[1] + "|" + m.buttons[2] +
-                       "] " + std::to_string(m.icon) + ": " + m.text);
-    }
-    return told;
-}
 
 // A game at the given totals against a target of 1000.
 struct ScoresTable {
@@ -60,8 +55,7 @@ TEST(CheckTarget, EachTestOfEachRoundAtTheEdgesOfTheTarget) {
     const Lines raisedAndEnded{"0 message Both over target", "0 message Play again?"};
     const Lines robotKnock{"0 sound knock.wav", "400 message Play again?"};
     for (const auto& [roundOne, before, player, robot, knock, timeline, target, won, lost] :
-         std::vector<Row>{{true, 1000, 1000, 999, false, {"100 show LblKnock"}, 1000, 0, 0},
-                          {true, 1000, 999, 999, false, {}, 1000, 0, 0},
+         std::vector<Row>{{true, 1000, 999, 999, false, {}, 1000, 0, 0},
                           {true, 1000, 1000, 1000, false, {}, 1000, 0, 0},
                           {true, 1000, 999, 1000, false, robotKnock, 1000, 0, 1},
                           {true, 1000, 1000, 1000, true, {"0 hide LblKnock"}, 1000, 0, 0},
@@ -88,7 +82,8 @@ TEST(CheckTarget, EachTestOfEachRoundAtTheEdgesOfTheTarget) {
     }
 }
 
-// The knock sounds and waits twice its pause before the target is tested.
+// The knock is offered at the target in Round One, sounds and waits twice
+// its pause before the target is tested.
 TEST(Knock, ThePlayersKnockWinsAtItsPaceAndIsRefusedInRoundTwo) {
     ScoresTable t(true, 1000, 999);
     CheckTarget(t.g);
@@ -169,6 +164,70 @@ TEST(EndOfHand, TotalsGrowAndTheHandIsToldUnlessTheGameEnds) {
             (Lines{title + " [Right||] 1: Player Game not over, but " + words,
                    "Total Scores [O.K||] 1: Your total score is " + player + " against " + robot}));
     }
+}
+
+constexpr int NineD = CardIndex(Nine, Diamonds), JackC = CardIndex(Jack, Clubs);
+
+// The steps a player sees, one a line: status texts, boxes, and cards
+// reaching a pile.
+std::string Steps(const HeadlessTable& table) {
+    static const std::regex step("^\\d+ (panel|message) | (7560|2640)$");
+    std::string steps;
+    for (const std::string& line : table.timeline) {
+        if (std::regex_search(line, step)) steps += line + "\n";
+    }
+    return steps;
+}
+
+// The robot leads twice: a Spade on Hearts and a Club with a trump in hand
+// are refused. The player wins the second trick; his click in the closing
+// wait is already the next lead. The last trick earns no 10.
+TEST(RoundTwo, TricksAreLedAnsweredBookedAndGatheredAtTheirPace) {
+    HeadlessGame hg;
+    Game& g = hg.game;
+    ClearTable(g);
+    PlaceCards(g, PlacePlayerHand, {TH, KS, JackC});
+    PlaceCards(g, PlaceOpponentHand, {AH, NineD, NC});
+    g.OpponentName = "Lorinda";
+    g.TargetScore = 1000;
+    // At the target and not knocked in time: only the end of the hand tests it.
+    g.PlayerTotal = 1000;
+    g.GameOn = g.RoundTwoOn = true;
+    g.TrumpSuit = Spades;
+    g.Leader = TheRobot;
+    g.TrickCount = 21;
+    // The player clicks the cards in turn, each as soon as a card is awaited.
+    hg.platform.policy = [clicks = std::deque{KS, TH, JackC, KS, JackC}](
+                             Game& game) mutable -> std::optional<TableEvent> {
+        if (clicks.empty() || !CardAwaited(game)) return std::nullopt;
+        const int card = clicks.front();
+        clicks.pop_front();
+        return TableEvent{TableEventKind::CardClick, card};
+    };
+    EXPECT_THROW(ContinueRoundTwo(g), GameAbandoned);
+    EXPECT_EQ(Steps(hg.table),
+              "0 panel 3 Tricks 22\n100 panel 2 Lorinda plays Ace of Hearts\n"
+              "950 panel 2 Lorinda has played Ace of Hearts\n"
+              "950 panel 2 Player your lead, please click card to play\n"
+              "1051 message Must follow suit.\n1052 panel 2 Player is playing Ten of Hearts\n"
+              "1952 panel 2 Lorinda 's trick score is 21\n3202 move 25 10440 2640\n"
+              "3802 panel 3 Tricks 23\n3902 panel 2 Lorinda plays Nine of Diamonds\n"
+              "4752 panel 2 Lorinda has played Nine of Diamonds\n"
+              "4752 panel 2 Player your lead, please click card to play\n"
+              "4853 message You have a Trump\n4854 panel 2 Player is playing King of Spades\n"
+              "5754 panel 2 Player 's trick score is 4\n7004 move 11 10440 7560\n"
+              "7754 panel 2 Player your turn, please click card to play\n"
+              "7755 panel 2 Player is playing Jack of Clubs\n8655 panel 3 Tricks 24\n"
+              "8655 panel 2 Player your lead, please click card to play\n"
+              "8855 panel 2 Lorinda plays Nine of Clubs\n"
+              "9605 panel 2 Lorinda has played Nine of Clubs\n"
+              "9605 panel 2 Player 's trick score is 2\n10855 move 21 10530 7560\n"
+              "11605 panel 2 Player your turn, please click card to play\n"
+              "11705 message Play again?\n");
+    EXPECT_NE(hg.table.Messages().at(2).text.find(" points 1006 against 21 "), std::string::npos);
+    EXPECT_EQ(hg.table.Caption(TableLabel::LblTotalScoreP) + " against " +
+                  hg.table.Caption(TableLabel::LblTotScoreC),
+              "1006 against 21");
 }
 
 }  // namespace
