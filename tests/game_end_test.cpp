@@ -16,6 +16,7 @@
 #include "headless/player_policy.h"
 #include "round_two/round_two.h"
 #include "tests/meld_fixtures.h"
+#include "tests/told_messages.h"
 
 namespace trickhaven {
 namespace {

@@ -18,6 +18,7 @@
 #include "round_one/stock_draw.h"
 #include "round_one/trick_cycle.h"
 #include "tests/meld_fixtures.h"
+#include "tests/told_messages.h"
 
 namespace trickhaven {
 namespace {

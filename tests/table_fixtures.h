@@ -3,13 +3,10 @@
 #pragma once
 
 #include <initializer_list>
-#include <string>
-#include <vector>
 
 #include "game/card_table.h"
 #include "game/game_state.h"
 #include "game/hand_setup.h"
-#include "headless/headless_table.h"
 
 namespace trickhaven {
 
@@ -31,15 +28,5 @@ inline void PlaceCards(Game& g, int place, std::initializer_list<int> cards) {
 
 // Card indices by rank and suit: the first copy; the second is one more.
 inline constexpr int CardIndex(int value, int suit) { return (suit - 1) * 12 + (Ace - value) * 2 + 1; }
-
-// Every box shown, as "<title> [<buttons>] <icon>: <text>".
-inline std::vector<std::string> Told(const HeadlessTable& table) {
-    std::vector<std::string> told;
-    for (const MessageRecord& m : table.Messages()) {
-        told.push_back(m.title + " [" + m.buttons[0] + "|" + m.buttons[1] + "|" + m.buttons[2] +
-                       "] " + std::to_string(m.icon) + ": " + m.text);
-    }
-    return told;
-}
 
 }  // namespace trickhaven
