@@ -184,6 +184,12 @@ void PinochleTable::TellCardStandings() {
             QAccessibleEvent made(&Card(card), QAccessible::ObjectCreated);
             QAccessible::updateAccessibility(&made);
         }
+        // Orca reads no change of a description: the focused card's new
+        // standing is told with the rest when the game waits for the card.
+        if (talk_ != nullptr && game_ != nullptr && Card(card).hasFocus() && now.awaited &&
+            now.playersCard && now.CannotPlay() != was.CannotPlay()) {
+            talk_->FocusedCardStanding(trickhaven::Card(*game_, card).Name, now.playable);
+        }
         was = now;
         QAccessibleEvent changed(&Card(card), QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&changed);

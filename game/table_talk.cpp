@@ -160,6 +160,10 @@ void TableTalk::Commentary(const std::string& text) {
 
 void TableTalk::MessageOpens() { messageOpen_ = true; }
 
+void TableTalk::FocusedCardStanding(const std::string& cardName, bool playable) {
+    Tell(cardName + (playable ? " can be played now" : " cannot be played now"), false);
+}
+
 void TableTalk::Tell(std::string text, bool commentary) {
     if (text.empty()) return;
     waiting_.push_back({Sentence(std::move(text)), commentary});

@@ -22,6 +22,9 @@ public:
     // A message box opening: what is held is told now, before it. The box
     // itself a screen reader reads from the dialog, so its text is not told.
     void MessageOpens();
+    // The card that has the focus has changed its standing as the game
+    // stops to wait: a screen reader said otherwise when the focus came.
+    void FocusedCardStanding(const std::string& cardName, bool playable);
 
     // All that was told since the last time, as one text, once it is time
     // to speak: the game waits for the player's card or meld (not while his

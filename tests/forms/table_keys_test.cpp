@@ -289,6 +289,17 @@ TEST_F(ScreenReaderTest, HandCardsArePressableButtonsThatSayWhenTheyCannotBePlay
                 {onTable, QAccessible::Graphic, "Queen of Diamonds", ""}});
     g.PlayerMayPlay = false;
     expectRead({{club, QAccessible::PushButton, "Ace of Clubs", ""}});
+    // The focused card heard between waits is told again as the game comes
+    // to wait for a card it cannot be, and again once it can.
+    Picture(club)->setFocus();
+    WaitAsTheGameDoes();
+    for (const auto& [lead, told] : {std::pair{Hearts, "Ace of Clubs cannot be played now."},
+                                     std::pair{Clubs, "Ace of Clubs can be played now."}}) {
+        g.LeadSuit = lead;
+        g.PlayerMayPlay = true;
+        WaitAsTheGameDoes();
+        EXPECT_EQ(notice->accessibleName(), told);
+    }
     Card(g, heart).Place = PlacePlayed;
     EXPECT_EQ(Read(qPrintable(QString("PicCard%1").arg(heart)))->role(), QAccessible::Graphic);
 }

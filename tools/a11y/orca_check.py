@@ -23,6 +23,8 @@ SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)' ?\{'established")
 FOCUS = re.compile(r"Changing locusOfFocus from .* to \[([^|\]]*) \| ([^\]]*)\]")
 CARD = re.compile(r"^(Ace|Ten|King|Queen|Jack|Nine) of (Diamonds|Clubs|Hearts|Spades)")
 CANNOT = "cannot be played now"
+STANDING_TOLD = re.compile(r"((?:Ace|Ten|King|Queen|Jack|Nine) of (?:Diamonds|Clubs|Hearts|Spades)) "
+                           r"(can|cannot) be played now")
 
 
 class OrcaLog:
@@ -157,8 +159,12 @@ class Check:
 
     def said_of_card(self, i):
         """The card and whether Orca said it cannot be played, when the i-th
-        thing it said is a card taking the focus (its description follows)."""
+        thing it said is a card taking the focus (its description follows)
+        or a notification telling the focused card's new standing."""
         spoken = self.log.spoken
+        told = STANDING_TOLD.search(spoken[i])
+        if told:
+            return told.group(1), told.group(2) == "cannot"
         card = CARD.match(spoken[i])
         if not card or " push button" not in spoken[i]:
             return None
