@@ -151,6 +151,18 @@ class Listener:
         return [text for _, kind, _, text in self.heard if kind in ("notification", "announcement")]
 
 
+def serve_until_stopped(tick, game):
+    """Serves the bus, calling tick every 200 ms until it stops the
+    registry, then ends the game."""
+    GLib.timeout_add(200, tick)
+    pyatspi.Registry.start()
+    game.terminate()
+    try:
+        game.wait(5)
+    except subprocess.TimeoutExpired:
+        game.kill()
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("program")
@@ -208,13 +220,7 @@ def main():
                 return False
         return True
 
-    GLib.timeout_add(200, tick)
-    pyatspi.Registry.start()
-    game.terminate()
-    try:
-        game.wait(5)
-    except subprocess.TimeoutExpired:
-        game.kill()
+    serve_until_stopped(tick, game)
 
     spoken = listener.spoken()
     print(f"heard {len(spoken)} spoken texts:")

@@ -14,10 +14,9 @@ import sys
 import time
 
 import pyatspi
-from gi.repository import GLib
 
 import keys_player
-from listen import Listener
+from listen import Listener, serve_until_stopped
 
 SPEECH = re.compile(r"SPEECH OUTPUT: '(.*)' ?\{'established")
 FOCUS = re.compile(r"Changing locusOfFocus from .* to \[([^|\]]*) \| ([^\]]*)\]")
@@ -299,13 +298,7 @@ def main():
             return False
         return True
 
-    GLib.timeout_add(200, tick)
-    pyatspi.Registry.start()
-    game.terminate()
-    try:
-        game.wait(5)
-    except subprocess.TimeoutExpired:
-        game.kill()
+    serve_until_stopped(tick, game)
     time.sleep(1)
     log.read()
     check.report()
